@@ -1,0 +1,7 @@
+#include "options/dlg_opciones.h"
+
+namespace sabelot {
+
+void DlgOpciones::Form_Load() { Cargado = true; }
+
+}  // namespace sabelot

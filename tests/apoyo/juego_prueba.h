@@ -1,0 +1,34 @@
+// Un juego entero sobre la plataforma con guion, para las pruebas de escenario.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "apoyo/plataforma_guion.h"
+#include "engine/juego.h"
+
+namespace sabelot::prueba {
+
+// Seis ficheros de preguntas pequeños y unas opciones que los nombran, en la carpeta.
+void PonerDatosMinimos(const CarpetaTemporal& carpeta, int jugadores = 1, int quesitos = 6);
+
+// Un fichero .qzf (texto UTF-8 que se guarda en Windows-1252, líneas con CRLF).
+std::string Qzf(std::initializer_list<std::string> lineas);
+
+class JuegoPrueba {
+public:
+    JuegoPrueba();
+    PlataformaGuion p;
+    std::unique_ptr<Juego> juego;
+    Form1& f() { return juego->form1; }
+    Module1& m() { return juego->m; }
+
+    // Form_Load; vacía lo que haya dicho antes la plataforma si se pide.
+    void Arrancar(bool olvidarMensajes = true);
+    // Una tecla a la ventana principal; si suena el dado, lo deja terminar.
+    void Tecla(int codigo, int shift = 0);
+    // Tirada completa con la cara dada y el botón pulsado en el diálogo.
+    void Tirar(int cara, int boton);
+};
+
+}  // namespace sabelot::prueba
