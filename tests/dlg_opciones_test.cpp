@@ -1,0 +1,749 @@
+// El diálogo de opciones y su editor de categorías, llevados con teclas como un jugador.
+#include "options/dlg_opciones.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "apoyo/juego_prueba.h"
+#include "apoyo/plataforma_guion.h"
+#include "storage/canales.h"
+#include "storage/cp1252.h"
+#include "storage/opciones.h"
+
+namespace sabelot::prueba {
+namespace {
+
+using C = ControlOpciones;
+
+constexpr int kEnter = 13, kInicio = 36, kArriba = 38, kAbajo = 40, kSupr = 46, kF1 = 112, kF2 = 113;
+const std::string kNoEsp = "(No especificado)";
+
+const std::string kAyudaCategorias =
+    "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
+    "modificarlos.";
+const std::string kAyudaEtiquetas =
+    "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto de "
+    "una categoría, pulse F2 e introdúzcalo.";
+std::string AyudaFicheros(int categoria) {
+    return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
+           std::to_string(categoria) +
+           "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas para "
+           "más de una categoría. El nombre del fichero de preguntas se introducirá como texto predeterminado "
+           "para mostrarlo en las casillas de esta categoría.";
+}
+const std::string kAvisoCarpetaVacia =
+    "No hay ficheros de preguntas en la carpeta preguntas. Copie allí ficheros con la extensión .qzf y vuelva "
+    "a abrir las opciones.";
+
+// Capa de ficheros que no deja escribir nada.
+class FicherosSoloLectura : public SistemaFicheros {
+public:
+    explicit FicherosSoloLectura(SistemaFicheros& real) : real_(real) {}
+    bool Existe(const std::string& r) override { return real_.Existe(r); }
+    bool EsCarpeta(const std::string& r) override { return real_.EsCarpeta(r); }
+    std::vector<std::string> Listar(const std::string& c, const std::string& e) override {
+        return real_.Listar(c, e);
+    }
+    std::unique_ptr<Fichero> Abrir(const std::string& r, ModoApertura modo, int& error) override {
+        if (modo == ModoApertura::Escritura) {
+            error = 75;
+            return nullptr;
+        }
+        return real_.Abrir(r, modo, error);
+    }
+    bool Renombrar(const std::string&, const std::string&) override { return false; }
+    bool Borrar(const std::string&) override { return false; }
+
+private:
+    SistemaFicheros& real_;
+};
+
+class DlgOpcionesTest : public ::testing::Test {
+protected:
+    PlataformaGuion p;
+    Module1 m;  // como al arrancar sin fichero de opciones
+    Canales canales{p.Ficheros()};
+    DlgOpciones d{m, p, canales};
+
+    void Preguntas(std::initializer_list<std::string> nombres) {
+        for (const auto& n : nombres) p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
+    }
+    void Tecla(C c, int codigo, int veces = 1, int shift = 0) {
+        for (int i = 0; i < veces; ++i) d.Tecla(c, codigo, shift);
+    }
+    // El jugador pone el foco en la lista de categorías y baja hasta la que quiere.
+    void Categoria(int posicion) {
+        d.CambiarFoco(C::List2_0);
+        Tecla(C::List2_0, kInicio);
+        Tecla(C::List2_0, kAbajo, posicion);
+    }
+    // Categoría, Tab a los ficheros, baja hasta uno y Tab a las etiquetas.
+    void ElegirFichero(int categoria, int fichero) {
+        Categoria(categoria);
+        d.CambiarFoco(C::List2_1);
+        Tecla(C::List2_1, kInicio);
+        Tecla(C::List2_1, kAbajo, fichero);
+        d.CambiarFoco(C::List2_2);
+    }
+    void Etiqueta(int categoria, const std::string& texto) {
+        Categoria(categoria);
+        d.CambiarFoco(C::List2_2);
+        p.textos.push_back(texto);
+        Tecla(C::List2_2, kF2);
+    }
+    std::vector<std::string> Etiquetas() const { return d.List2[2].List; }
+    std::string Ini() const { return p.carpeta.Leer("Sabelot.ini"); }
+};
+
+TEST_F(DlgOpcionesTest, AlCargarMuestraLosControlesDelDiseno) {
+    Preguntas({"historia", "cine"});
+    d.Mostrar();
+    EXPECT_TRUE(d.Cargado);
+    EXPECT_TRUE(d.Visible);
+    EXPECT_EQ(d.Caption, "Opciones");
+    EXPECT_EQ(d.Label1[0], "&Número de jugadores");
+    EXPECT_EQ(d.Label1[1], "&Quesitos a conseguir");
+    EXPECT_EQ(d.Label2[0], "&Categorías");
+    EXPECT_EQ(d.Label2[1], "&Ficheros de preguntas");
+    EXPECT_EQ(d.Label2[2], "&Texto de la casilla");
+    const std::vector<std::string> numeros{"UNO", "DOS", "TRES", "CUATRO", "CINCO", "SEIS"};
+    EXPECT_EQ(d.List1[0].List, numeros);
+    EXPECT_EQ(d.List1[1].List, numeros);
+    EXPECT_EQ(d.List2[0].List, numeros);
+    EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"cine", "historia"}));
+    EXPECT_EQ(Etiquetas(), std::vector<std::string>(6, kNoEsp));
+    EXPECT_EQ(d.List1[0].ToolTipText, "Indique el número de jugadores que participarán en esta partida");
+    EXPECT_EQ(d.List1[1].ToolTipText,
+              "Indique el número de quesitos a conseguir antes de poder subir a la casilla central a contestar "
+              "las preguntas finales antes de ganar el juego.");
+    EXPECT_EQ(d.List2[0].ToolTipText, "");
+    EXPECT_EQ(d.List2[1].ToolTipText, "Seleccione el archivo que proporcionará las preguntas para esta categoría");
+    EXPECT_EQ(d.List2[2].ToolTipText,
+              "Pulse F2 o enter para establecer el texto que se mostrará en las casillas de la categoría "
+              "correspondiente");
+    EXPECT_EQ(d.LbAyuda, "Pulse F1 para ayuda sobre el elemento seleccionado.");
+    EXPECT_EQ(d.OKButton.Caption, "&Aceptar");
+    EXPECT_EQ(d.CancelButton.Caption, "Canc&elar");
+    EXPECT_TRUE(d.OKButton.Enabled);
+    EXPECT_EQ(d.Foco, C::List1_0);
+    EXPECT_EQ(d.List1[0].ListIndex, 0);
+    EXPECT_EQ(d.List1[1].ListIndex, 0);
+    EXPECT_EQ(d.List2[0].ListIndex, 0);
+    EXPECT_EQ(d.List2[1].ListIndex, -1);
+    EXPECT_EQ(d.List2[2].ListIndex, 0);
+    EXPECT_TRUE(p.mensajes.empty());
+}
+
+TEST_F(DlgOpcionesTest, LaListaDeFicherosSeOrdenaSinMayusculasNiAcentos) {
+    Preguntas({"zeta", "Alfa", "beta", "Ñu", "nube", "Ábaco", "Oso"});
+    p.carpeta.Escribir("preguntas/ciencia.QZF", "");
+    p.carpeta.Escribir("preguntas/notas.txt", "");
+    p.carpeta.Escribir("preguntas/qzf", "");
+    d.Mostrar();
+    EXPECT_EQ(d.List2[1].List,
+              (std::vector<std::string>{"Ábaco", "Alfa", "beta", "ciencia", "nube", "Ñu", "Oso", "zeta"}));
+}
+
+TEST_F(DlgOpcionesTest, AceptarEnSeguidaLaPrimeraVez) {
+    Preguntas({"cine"});
+    d.Mostrar();
+    d.Pulsar(C::OKButton);
+    EXPECT_FALSE(d.Visible);
+    EXPECT_TRUE(d.Cargado);
+    EXPECT_EQ(m.NumJugadores, 1);
+    EXPECT_EQ(m.QuesitosParaGanar, 1);
+    for (int t = 1; t <= 6; ++t) {
+        SCOPED_TRACE(t);
+        EXPECT_EQ(m.FicheroTema[static_cast<std::size_t>(t)], "");
+        EXPECT_EQ(m.EtiquetaTema[static_cast<std::size_t>(t)], "(No especificado) ");
+        EXPECT_EQ(m.CanalTema[static_cast<std::size_t>(t)], 1);
+    }
+    std::string esperado = "1,1\r\n";
+    for (int t = 0; t < 6; ++t) esperado += "\"\",\"(No especificado) \",1\r\n";
+    EXPECT_EQ(Ini(), esperado);
+    EXPECT_TRUE(p.mensajes.empty());
+}
+
+TEST_F(DlgOpcionesTest, CanalesPorFicheroElegido) {
+    struct Caso {
+        std::array<std::string, 6> ficheros;
+        std::array<int, 6> canales;
+    };
+    const Caso casos[] = {
+        {{"A", "B", "C", "D", "E", "F"}, {1, 2, 3, 4, 5, 6}},
+        {{"A", "A", "A", "A", "A", "A"}, {1, 1, 1, 1, 1, 1}},
+        {{"A", "B", "A", "C", "B", "D"}, {1, 2, 1, 3, 2, 4}},
+        // Mayúsculas cuentan; dos nombres vacíos son iguales.
+        {{"a", "A", "a", "", "B", ""}, {1, 2, 1, 3, 4, 3}},
+        {{"", "", "", "", "", ""}, {1, 1, 1, 1, 1, 1}},
+    };
+    Preguntas({"A", "B", "C", "D", "E", "F"});
+    for (const Caso& caso : casos) {
+        SCOPED_TRACE(caso.ficheros[0] + caso.ficheros[1] + caso.ficheros[2]);
+        d.Mostrar();
+        d.FicheroElegido = caso.ficheros;
+        d.Pulsar(C::OKButton);
+        for (std::size_t p = 0; p < 6; ++p) {
+            EXPECT_EQ(d.CanalElegido[p], caso.canales[p]);
+            EXPECT_EQ(m.CanalTema[p + 1], caso.canales[p]);
+            EXPECT_EQ(m.FicheroTema[p + 1], caso.ficheros[p]);
+        }
+    }
+}
+
+TEST_F(DlgOpcionesTest, ElegirLosSeisFicherosConTeclasDaLosCanales) {
+    // A, B, A, C, B, D con la lista ordenada A B C D.
+    Preguntas({"D", "C", "B", "A"});
+    d.Mostrar();
+    const int fichero[6] = {0, 1, 0, 2, 1, 3};
+    for (int c = 0; c < 6; ++c) ElegirFichero(c, fichero[c]);
+    EXPECT_EQ(d.Foco, C::OKButton);
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(Ini(),
+              "1,1\r\n\"A\",\"A \",1\r\n\"B\",\"B \",2\r\n\"A\",\"A \",1\r\n\"C\",\"C \",3\r\n\"B\",\"B \",2\r\n"
+              "\"D\",\"D \",4\r\n");
+}
+
+TEST_F(DlgOpcionesTest, AlSalirDeLosFicherosConLosSeisElegidosElFocoVaAAceptar) {
+    Preguntas({"uno", "dos"});
+    d.Mostrar();
+    for (int c = 0; c < 5; ++c) {
+        ElegirFichero(c, 1);
+        EXPECT_EQ(d.Foco, C::List2_2);
+    }
+    ElegirFichero(5, 0);
+    EXPECT_EQ(d.Foco, C::OKButton);
+    // Cualquier salida posterior de la lista de ficheros acaba también en Aceptar.
+    d.CambiarFoco(C::List2_0);
+    d.CambiarFoco(C::List2_1);
+    d.CambiarFoco(C::CancelButton);
+    EXPECT_EQ(d.Foco, C::OKButton);
+    // Sin pasar por los ficheros, Mayús+Tab desde Aceptar llega a las etiquetas.
+    d.CambiarFoco(C::List2_2);
+    EXPECT_EQ(d.Foco, C::List2_2);
+}
+
+TEST_F(DlgOpcionesTest, LasTresListasSeMuevenJuntas) {
+    Preguntas({"a", "b", "c"});
+    m.FicheroTema[2] = "c";
+    m.EtiquetaTema[2] = "Ciencia ";
+    d.Mostrar();
+    EXPECT_EQ(d.IndiceFichero[1], 2);
+    EXPECT_EQ(d.List2[1].ListIndex, -1);
+
+    // Al entrar la primera vez en las categorías, los ficheros toman su selección.
+    d.CambiarFoco(C::List2_0);
+    EXPECT_EQ(d.List2[1].ListIndex, 0);
+    EXPECT_EQ(d.List2[2].ListIndex, 0);
+
+    // Abajo en categorías lleva etiquetas y ficheros.
+    Tecla(C::List2_0, kAbajo);
+    EXPECT_EQ(d.List2[2].ListIndex, 1);
+    EXPECT_EQ(d.List2[1].ListIndex, 2);
+
+    // Abajo en etiquetas lleva categorías y ficheros.
+    d.CambiarFoco(C::List2_2);
+    Tecla(C::List2_2, kAbajo);
+    EXPECT_EQ(d.List2[0].ListIndex, 2);
+    EXPECT_EQ(d.List2[1].ListIndex, 0);
+    Tecla(C::List2_2, kArriba);
+    EXPECT_EQ(d.List2[0].ListIndex, 1);
+    EXPECT_EQ(d.List2[1].ListIndex, 2);
+
+    // Abajo en ficheros solo mueve los ficheros.
+    d.CambiarFoco(C::List2_1);
+    Tecla(C::List2_1, kArriba);
+    EXPECT_EQ(d.List2[1].ListIndex, 1);
+    EXPECT_EQ(d.List2[0].ListIndex, 1);
+    EXPECT_EQ(d.List2[2].ListIndex, 1);
+
+    // Moverse por categorías y etiquetas no apunta nada.
+    EXPECT_EQ(d.FicheroElegido, (std::array<std::string, 6>{"", "c", "", "", "", ""}));
+    EXPECT_EQ(Etiquetas()[1], "Ciencia ");
+}
+
+TEST_F(DlgOpcionesTest, SalirDeLosFicherosTomaElResaltadoYPoneLaEtiqueta) {
+    Preguntas({"arte", "cine", "deportes"});
+    d.Mostrar();
+
+    // Pasar por la lista con Tab toma el primer fichero, aunque no se eligiera nada.
+    Categoria(0);
+    d.CambiarFoco(C::List2_1);
+    d.CambiarFoco(C::List2_2);
+    EXPECT_EQ(d.FicheroElegido[0], "arte");
+    EXPECT_EQ(Etiquetas()[0], "arte");
+    EXPECT_EQ(d.IndiceFichero[0], 0);
+
+    // Etiqueta propia y salir con el mismo fichero: se queda.
+    Etiqueta(0, "Arte y cultura");
+    Categoria(0);
+    d.CambiarFoco(C::List2_1);
+    d.CambiarFoco(C::List2_2);
+    EXPECT_EQ(Etiquetas()[0], "Arte y cultura");
+
+    // Fichero primero y etiqueta después: se queda.
+    ElegirFichero(1, 2);
+    Etiqueta(1, "Fútbol");
+    EXPECT_EQ(d.FicheroElegido[1], "deportes");
+    EXPECT_EQ(Etiquetas()[1], "Fútbol");
+
+    // Etiqueta primero y luego otro fichero: la etiqueta se pierde.
+    Etiqueta(2, "Películas");
+    ElegirFichero(2, 1);
+    EXPECT_EQ(d.FicheroElegido[2], "cine");
+    EXPECT_EQ(Etiquetas()[2], "cine");
+    ElegirFichero(0, 1);
+    EXPECT_EQ(Etiquetas()[0], "cine");
+}
+
+TEST_F(DlgOpcionesTest, SuprimirDejaLaCategoriaSinNada) {
+    Preguntas({"arte", "cine"});
+    d.Mostrar();
+    ElegirFichero(3, 1);
+    Tecla(C::List2_2, kAbajo);
+    Tecla(C::List2_2, kArriba);
+    Tecla(C::List2_2, kSupr);
+    EXPECT_EQ(Etiquetas()[3], kNoEsp);
+    EXPECT_EQ(d.FicheroElegido[3], "");
+    EXPECT_EQ(d.IndiceFichero[3], 1);
+    // Volver a pasar por los ficheros asigna otra vez el de IndiceFichero, con su nombre.
+    Categoria(3);
+    d.CambiarFoco(C::List2_1);
+    d.CambiarFoco(C::List2_2);
+    EXPECT_EQ(d.FicheroElegido[3], "cine");
+    EXPECT_EQ(Etiquetas()[3], "cine");
+    Tecla(C::List2_2, kSupr);
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.FicheroTema[4], "");
+    EXPECT_EQ(m.EtiquetaTema[4], "(No especificado) ");
+}
+
+TEST_F(DlgOpcionesTest, EditarLaEtiqueta) {
+    Preguntas({"arte", "cine"});
+    d.Mostrar();
+
+    // Sin etiqueta, la caja empieza con el fichero resaltado; con Enter igual que con F2.
+    Categoria(0);
+    d.CambiarFoco(C::List2_2);
+    p.textos = {"  Cine  "};
+    Tecla(C::List2_2, kEnter);
+    ASSERT_EQ(p.entradas.size(), 1u);
+    EXPECT_EQ(p.entradas[0].titulo, "Etiqueta de categoría");
+    EXPECT_EQ(p.entradas[0].indicacion, "Escriba el texto a mostrar en las casillas de este tema:");
+    EXPECT_EQ(p.entradas[0].inicial, "arte");
+    EXPECT_EQ(Etiquetas()[0], "Cine");
+    EXPECT_EQ(d.FicheroElegido[0], "");  // etiqueta propia sin fichero
+
+    // Con etiqueta empieza con ella; cancelar no cambia nada.
+    p.textos = {""};
+    Tecla(C::List2_2, kF2);
+    EXPECT_EQ(p.entradas[1].inicial, "Cine");
+    EXPECT_EQ(Etiquetas()[0], "Cine");
+
+    // Una fila sin etiqueta empieza con el fichero resaltado.
+    Categoria(1);
+    d.CambiarFoco(C::List2_1);
+    Tecla(C::List2_1, kAbajo);
+    d.CambiarFoco(C::List2_2);
+    Tecla(C::List2_2, kSupr);
+    p.textos = {"   "};
+    Tecla(C::List2_2, kF2);
+    EXPECT_EQ(p.entradas[2].inicial, "cine");
+    // Solo blancos: la fila queda vacía y no vuelve "(No especificado)".
+    EXPECT_EQ(Etiquetas()[1], "");
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.EtiquetaTema[2], " ");
+}
+
+TEST_F(DlgOpcionesTest, EtiquetaConComillasDoblesSeRechazaYSePideOtra) {
+    Preguntas({"cine"});
+    d.Mostrar();
+    Categoria(0);
+    d.CambiarFoco(C::List2_2);
+    p.textos = {"Cine \"negro\"", "Cine negro"};
+    Tecla(C::List2_2, kF2);
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto, "La etiqueta no puede llevar comillas dobles. Escriba otra.");
+    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+    ASSERT_EQ(p.entradas.size(), 2u);
+    EXPECT_EQ(p.entradas[1].inicial, "Cine \"negro\"");
+    EXPECT_EQ(Etiquetas()[0], "Cine negro");
+
+    // Cancelar tras el rechazo deja la etiqueta de antes.
+    p.textos = {"\"", ""};
+    Tecla(C::List2_2, kF2);
+    EXPECT_EQ(Etiquetas()[0], "Cine negro");
+}
+
+TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
+    Preguntas({"cine"});
+    d.Mostrar();
+    Etiqueta(0, "Cine");
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
+    d.Mostrar();
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
+
+    // Otra vez en otra ejecución, desde el fichero guardado.
+    Module1 m2;
+    LeerOpciones(m2, p, canales);
+    ASSERT_EQ(m2.EtiquetaTema[1], "Cine ");
+    DlgOpciones d2(m2, p, canales);
+    d2.Mostrar();
+    EXPECT_EQ(d2.List2[2].List[0], "Cine ");
+    d2.Pulsar(C::OKButton);
+    EXPECT_EQ(m2.EtiquetaTema[1], "Cine ");
+}
+
+TEST_F(DlgOpcionesTest, AyudasConF1) {
+    Preguntas({"cine"});
+    d.Mostrar();
+    struct Caso {
+        C control;
+        int categoria;  // posición en la lista de categorías, para la ayuda de los ficheros
+        int shift;
+        std::string texto;
+    };
+    const Caso casos[] = {
+        {C::List1_0, 0, 0, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
+        {C::List1_0, 0, 1, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
+        {C::List1_0, 0, 2, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
+        {C::List1_1, 0, 0,
+         "Seleccione el número de \"quesitos\" que debe conseguir un jugador para poder enfrentarse a la prueba "
+         "de la casilla central y ganar el juego."},
+        {C::List2_0, 0, 0, kAyudaCategorias},
+        {C::List2_1, 0, 0, AyudaFicheros(1)},
+        {C::List2_1, 4, 1, AyudaFicheros(5)},
+        {C::List2_2, 0, 0, kAyudaEtiquetas},
+    };
+    for (const Caso& caso : casos) {
+        SCOPED_TRACE(caso.texto);
+        Categoria(caso.categoria);
+        d.CambiarFoco(caso.control);
+        p.mensajes.clear();
+        EXPECT_TRUE(d.Tecla(caso.control, kF1, caso.shift));
+        ASSERT_EQ(p.mensajes.size(), 1u);
+        EXPECT_EQ(p.mensajes[0].texto, caso.texto);
+        EXPECT_EQ(p.mensajes[0].estilo, vbOKOnly);
+        EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+        // F1 no mueve nada.
+        EXPECT_EQ(d.List2[0].ListIndex, caso.categoria);
+    }
+}
+
+TEST_F(DlgOpcionesTest, JugadoresYQuesitosConLasTeclas) {
+    Preguntas({"cine"});
+    m.QuesitosParaGanar = 4;
+    d.Mostrar();
+    EXPECT_EQ(d.List1[1].ListIndex, 3);
+    Tecla(C::List1_0, kAbajo, 2);
+    d.CambiarFoco(C::List1_1);
+    Tecla(C::List1_1, kAbajo, 9);  // se para en SEIS
+    EXPECT_EQ(d.List1[1].ListIndex, 5);
+    Tecla(C::List1_1, 'C');  // la inicial: CUATRO, luego CINCO
+    EXPECT_EQ(d.List1[1].ListIndex, 3);
+    Tecla(C::List1_1, 'C');
+    EXPECT_EQ(d.List1[1].ListIndex, 4);
+    // Con Alt la tecla es del acceso rápido, no de la lista.
+    EXPECT_FALSE(d.Tecla(C::List1_1, 'Q', 4));
+    EXPECT_EQ(d.List1[1].ListIndex, 4);
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.NumJugadores, 3);
+    EXPECT_EQ(m.QuesitosParaGanar, 5);
+}
+
+TEST_F(DlgOpcionesTest, FicheroOlvidadoDeLaCarpetaSeEscribeIgual) {
+    Preguntas({"arte", "cine"});
+    m.FicheroTema[1] = "viejo";
+    m.EtiquetaTema[1] = "Viejo ";
+    m.FicheroTema[2] = "cine";
+    m.EtiquetaTema[2] = "Cine ";
+    d.Mostrar();
+    EXPECT_EQ(d.IndiceFichero[0], 0);
+    EXPECT_EQ(d.FicheroElegido[0], "viejo");
+    EXPECT_EQ(d.IndiceFichero[1], 1);
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.FicheroTema[1], "viejo");
+    EXPECT_EQ(m.EtiquetaTema[1], "Viejo ");
+    EXPECT_TRUE(p.mensajes.empty());
+}
+
+TEST_F(DlgOpcionesTest, FicheroDeOpcionesExactoYLeidoIgual) {
+    Preguntas({"Cine", "Deportes", "Historia", "Ciencia", "Mezcla"});
+    d.Mostrar();
+    Tecla(C::List1_0, kAbajo, 2);
+    Tecla(C::List1_1, kAbajo, 3);
+    // Orden de la lista: Ciencia, Cine, Deportes, Historia, Mezcla.
+    const int fichero[6] = {1, 2, 1, 3, 0, 4};
+    for (int c = 0; c < 6; ++c) ElegirFichero(c, fichero[c]);
+    Etiqueta(2, "Series y televisión");
+    Etiqueta(5, "Cajón de sastre");
+    d.Pulsar(C::OKButton);
+    const std::string esperado = Utf8ACp1252(
+        "3,4\r\n"
+        "\"Cine\",\"Cine \",1\r\n"
+        "\"Deportes\",\"Deportes \",2\r\n"
+        "\"Cine\",\"Series y televisión \",1\r\n"
+        "\"Historia\",\"Historia \",3\r\n"
+        "\"Ciencia\",\"Ciencia \",4\r\n"
+        "\"Mezcla\",\"Cajón de sastre \",5\r\n");
+    EXPECT_EQ(Ini(), esperado);
+
+    Module1 leido;
+    LeerOpciones(leido, p, canales);
+    EXPECT_EQ(leido.NumJugadores, 3);
+    EXPECT_EQ(leido.QuesitosParaGanar, 4);
+    EXPECT_EQ(leido.FicheroTema, m.FicheroTema);
+    EXPECT_EQ(leido.EtiquetaTema, m.EtiquetaTema);
+    EXPECT_EQ(leido.CanalTema, m.CanalTema);
+
+    // Aceptar otra vez sin cambios escribe lo mismo.
+    d.Mostrar();
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(Ini(), esperado);
+}
+
+TEST_F(DlgOpcionesTest, CancelarLaPrimeraVezNoTocaNada) {
+    Preguntas({"cine"});
+    std::string antes = "2,3\r\n";
+    for (int t = 1; t <= 6; ++t) antes += "\"cine\",\"Cine \",1\r\n";
+    p.carpeta.Escribir("Sabelot.ini", antes);
+    LeerOpciones(m, p, canales);
+    ASSERT_EQ(m.QuesitosParaGanar, 3);
+    m.NumJugadores = 1;  // como lo deja Control+O
+    m.EtiquetaTema[1] = "";
+    d.Mostrar();
+    Tecla(C::List1_0, kAbajo, 3);
+    Etiqueta(0, "Cine");
+    d.Pulsar(C::CancelButton);
+    EXPECT_FALSE(d.Visible);
+    EXPECT_EQ(Ini(), antes);
+    EXPECT_EQ(m.NumJugadores, 1);
+    EXPECT_EQ(m.QuesitosParaGanar, 3);
+    EXPECT_EQ(m.EtiquetaTema[1], "");
+
+    // Al volver a abrir sigue lo que se dejó, y Aceptar lo toma.
+    d.Mostrar();
+    EXPECT_EQ(d.List1[0].ListIndex, 3);
+    EXPECT_EQ(Etiquetas()[0], "Cine");
+    d.Pulsar(C::OKButton);
+    EXPECT_EQ(m.NumJugadores, 4);
+    EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
+}
+
+TEST_F(DlgOpcionesTest, SoloSeCargaUnaVez) {
+    Preguntas({"cine"});
+    d.Mostrar();
+    d.Pulsar(C::OKButton);
+    // Ficheros nuevos y opciones cambiadas por otro lado no se ven al volver.
+    Preguntas({"arte"});
+    m.QuesitosParaGanar = 6;
+    m.EtiquetaTema[1] = "Otra ";
+    d.Mostrar();
+    EXPECT_EQ(d.List2[1].List, std::vector<std::string>{"cine"});
+    EXPECT_EQ(d.List1[1].ListIndex, 0);
+    EXPECT_EQ(Etiquetas()[0], kNoEsp);
+    EXPECT_EQ(d.Foco, C::OKButton);
+}
+
+TEST_F(DlgOpcionesTest, CerrarDesdeLaBarraDescargaYLaProximaVezCargaDeNuevo) {
+    Preguntas({"cine"});
+    d.Mostrar();
+    Tecla(C::List1_0, kAbajo, 2);
+    d.Descargar();
+    EXPECT_FALSE(d.Cargado);
+    EXPECT_FALSE(d.Visible);
+    EXPECT_EQ(m.NumJugadores, 1);
+    EXPECT_FALSE(p.carpeta.Existe("Sabelot.ini"));
+
+    Preguntas({"arte"});
+    m.EtiquetaTema[1] = "Arte ";
+    m.FicheroTema[1] = "arte";
+    d.Mostrar();
+    EXPECT_TRUE(d.Cargado);
+    EXPECT_EQ(d.List1[0].ListIndex, 0);
+    EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"arte", "cine"}));
+    EXPECT_EQ(Etiquetas()[0], "Arte ");
+    EXPECT_EQ(d.Foco, C::List1_0);
+}
+
+TEST_F(DlgOpcionesTest, SinFicherosDePreguntas) {
+    for (bool hayCarpeta : {false, true}) {
+        SCOPED_TRACE(hayCarpeta);
+        PlataformaGuion p2;
+        if (hayCarpeta) p2.carpeta.Escribir("preguntas/leeme.txt", "");
+        Module1 m2;
+        Canales c2(p2.Ficheros());
+        DlgOpciones d2(m2, p2, c2);
+        d2.Mostrar();
+        EXPECT_TRUE(d2.Visible);
+        ASSERT_EQ(p2.mensajes.size(), 1u);
+        EXPECT_EQ(p2.mensajes[0].texto, kAvisoCarpetaVacia);
+        EXPECT_EQ(p2.mensajes[0].estilo, vbExclamation);
+        EXPECT_EQ(p2.mensajes[0].titulo, "Sabelot");
+        // Las listas siguen respondiendo aunque no haya ficheros.
+        d2.CambiarFoco(C::List2_0);
+        d2.Tecla(C::List2_0, kAbajo, 0);
+        d2.CambiarFoco(C::List2_1);
+        EXPECT_FALSE(d2.Tecla(C::List2_1, kAbajo, 0));
+        d2.CambiarFoco(C::List2_2);
+        EXPECT_EQ(d2.FicheroElegido[1], "");
+        // Sin fichero resaltado la caja de la etiqueta empieza vacía.
+        p2.textos = {"Cine"};
+        d2.Tecla(C::List2_2, kF2, 0);
+        ASSERT_EQ(p2.entradas.size(), 1u);
+        EXPECT_EQ(p2.entradas[0].inicial, "");
+        EXPECT_EQ(d2.List2[2].List[1], "Cine");
+        d2.Pulsar(C::CancelButton);
+        EXPECT_FALSE(d2.Visible);
+    }
+}
+
+TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
+    const std::string antes =
+        "2,3\r\n\"cine\",\"Cine \",1\r\n\"cine\",\"Cine \",1\r\n\"\",\"Nada \",2\r\n\"arte\",\"Arte \",2\r\n"
+        "\"cine\",\"Cine \",1\r\n\"cine\",\"Cine \",1\r\n";
+    p.carpeta.Escribir("Sabelot.ini", antes);
+    LeerOpciones(m, p, canales);
+    ASSERT_EQ(m.FicheroTema[4], "arte");
+    m.NumJugadores = 1;
+    d.Mostrar();
+    p.mensajes.clear();
+    d.Pulsar(C::OKButton);
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto,
+              "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
+              "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
+              "texto de esas categorías para dejarlas sin fichero.");
+    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+    EXPECT_TRUE(d.Visible);
+    EXPECT_EQ(Ini(), antes);
+    EXPECT_EQ(m.FicheroTema[1], "cine");
+
+    // Suprimir en todas menos una: el aviso nombra la que queda.
+    for (int c : {0, 1, 4, 5}) {
+        Categoria(c);
+        d.CambiarFoco(C::List2_2);
+        Tecla(C::List2_2, kSupr);
+    }
+    p.mensajes.clear();
+    d.Pulsar(C::OKButton);
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto,
+              "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
+              "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
+              "categoría para dejarla sin fichero.");
+    EXPECT_TRUE(d.Visible);
+
+    // Copiados los ficheros, al volver a abrir se ven y Aceptar ya guarda.
+    d.Pulsar(C::CancelButton);
+    Preguntas({"arte", "cine"});
+    p.mensajes.clear();
+    d.Mostrar();
+    EXPECT_TRUE(p.mensajes.empty());
+    EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"arte", "cine"}));
+    EXPECT_EQ(d.IndiceFichero[3], 0);
+    d.Pulsar(C::OKButton);
+    EXPECT_FALSE(d.Visible);
+    EXPECT_EQ(m.FicheroTema[4], "arte");
+    EXPECT_NE(Ini(), antes);
+}
+
+TEST_F(DlgOpcionesTest, SinFicherosYSinNombresAceptarGuarda) {
+    d.Mostrar();
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    // Al volver a abrir sin ficheros, se avisa otra vez.
+    d.Pulsar(C::CancelButton);
+    d.Mostrar();
+    ASSERT_EQ(p.mensajes.size(), 2u);
+    EXPECT_EQ(p.mensajes[1].texto, kAvisoCarpetaVacia);
+    d.Pulsar(C::OKButton);
+    EXPECT_FALSE(d.Visible);
+    EXPECT_TRUE(p.carpeta.Existe("Sabelot.ini"));
+}
+
+TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
+    PlataformaGuion p;
+    p.carpeta.Escribir("preguntas/cine.qzf", Qzf({"q>x", "1>y", "a>1"}));
+    FicherosSoloLectura soloLectura(p.Ficheros());
+    p.ficheros = &soloLectura;
+    Module1 m;
+    Canales canales(p.Ficheros());
+    DlgOpciones d(m, p, canales);
+    d.Mostrar();
+    d.Tecla(C::List1_0, kAbajo, 0);
+    d.Pulsar(C::OKButton);
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto,
+              "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
+              "próxima vez que abra el juego volverán las anteriores.");
+    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+    EXPECT_FALSE(d.Visible);
+    EXPECT_EQ(m.NumJugadores, 2);
+    EXPECT_FALSE(p.carpeta.Existe("Sabelot.ini"));
+}
+
+// --- Desde la ventana principal, con Control+O ---
+
+class FlujoOpcionesTest : public ::testing::Test {
+protected:
+    JuegoPrueba j;
+    void SetUp() override {
+        PonerDatosMinimos(j.p.carpeta, 2, 3);
+        j.Arrancar();
+    }
+};
+
+TEST_F(FlujoOpcionesTest, AceptarConTresJugadores) {
+    j.f().CasillaCursor = 30;
+    j.p.siNo = {vbYes};
+    j.p.alMostrarDlgOpciones = [&](DlgOpciones& d) {
+        d.Mostrar();
+        EXPECT_EQ(d.List1[0].ListIndex, 0);  // la partida ya se ha ido: un jugador
+        EXPECT_EQ(d.List1[1].ListIndex, 2);
+        d.Tecla(C::List1_0, kAbajo, 0);
+        d.Tecla(C::List1_0, kAbajo, 0);
+        d.Pulsar(C::OKButton);
+    };
+    j.Tecla('O', 2);
+    EXPECT_EQ(j.p.opcionesMostradas, 1);
+    EXPECT_EQ(j.m().NumJugadores, 3);
+    EXPECT_EQ(j.m().Preguntas.Jugadores(), 3);
+    EXPECT_EQ(j.m().Aciertos.Jugadores(), 3);
+    EXPECT_EQ(j.m().QuesitoGanado.Jugadores(), 3);
+    EXPECT_EQ(j.m().NumQuesitos.Limite(), 3);
+    EXPECT_EQ(j.f().CasillaCursor, 0);
+}
+
+TEST_F(FlujoOpcionesTest, CancelarDejaUnJugador) {
+    j.p.siNo = {vbYes};
+    j.p.alMostrarDlgOpciones = [&](DlgOpciones& d) {
+        d.Mostrar();
+        d.Tecla(C::List1_0, kAbajo, 0);
+        d.Pulsar(C::CancelButton);
+    };
+    const std::string ini = j.p.carpeta.Leer("Sabelot.ini");
+    j.Tecla('O', 2);
+    EXPECT_EQ(j.m().NumJugadores, 1);
+    EXPECT_EQ(j.m().Preguntas.Jugadores(), 1);
+    EXPECT_EQ(j.m().NumQuesitos.Limite(), 1);
+    EXPECT_EQ(j.m().QuesitosParaGanar, 3);
+    EXPECT_EQ(j.p.carpeta.Leer("Sabelot.ini"), ini);
+
+    // La segunda vez no se carga de nuevo: sigue en DOS aunque la partida tenga uno.
+    j.p.siNo = {vbYes};
+    j.p.alMostrarDlgOpciones = [&](DlgOpciones& d) {
+        d.Mostrar();
+        EXPECT_EQ(d.List1[0].ListIndex, 1);
+        d.Pulsar(C::OKButton);
+    };
+    j.Tecla('O', 2);
+    EXPECT_EQ(j.m().NumJugadores, 2);
+    EXPECT_EQ(j.m().NumQuesitos.Limite(), 2);
+}
+
+}  // namespace
+}  // namespace sabelot::prueba
