@@ -1,8 +1,59 @@
 #include "storage/opciones.h"
 
+#include "storage/texto_delimitado.h"
+
 namespace sabelot {
 
-void LeerOpciones(Module1&, Plataforma&, Canales&) {}
-bool GuardarOpciones(const Module1&, Plataforma&, Canales&) { return false; }
+namespace {
+
+// Siete registros cortos; algo mucho mayor no es un fichero de opciones.
+constexpr std::int64_t kMaximoOpciones = 64 * 1024;
+
+std::string RutaOpciones(Plataforma& p) { return Ruta(p.CarpetaPrograma(), {"Sabelot.ini"}); }
+
+bool EnRango(int valor, int minimo, int maximo) { return valor >= minimo && valor <= maximo; }
+
+}  // namespace
+
+void LeerOpciones(Module1& m, Plataforma& p, Canales& canales) {
+    const std::string ruta = RutaOpciones(p);
+    if (!p.Ficheros().Existe(ruta)) return;
+    TextoLeido t = LeerFicheroDelimitado(canales, canales.Libre(), ruta, kMaximoOpciones);
+    // Un fichero roto se deja tal cual y el juego arranca como si no lo hubiera:
+    // mejor eso que a medias con valores que no sirven.
+    if (!t.Bien() || t.registros.size() != 7) return;
+    using T = Campo::Tipo;
+    const Registro& r1 = t.registros[0];
+    if (!TieneForma(r1, {T::Entero, T::Entero})) return;
+    if (!EnRango(r1[0].entero, 1, kMaxJugadores) || !EnRango(r1[1].entero, 1, kNumTemas)) return;
+    for (int tema = 1; tema <= kNumTemas; ++tema) {
+        const Registro& r = t.registros[static_cast<std::size_t>(tema)];
+        if (!TieneForma(r, {T::Cadena, T::Cadena, T::Entero})) return;
+        if (!EnRango(r[2].entero, 1, kNumTemas)) return;
+    }
+
+    m.NumJugadores = r1[0].entero;
+    m.QuesitosParaGanar = r1[1].entero;
+    for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
+        const Registro& r = t.registros[tema];
+        m.FicheroTema[tema] = r[0].cadena;
+        m.EtiquetaTema[tema] = r[1].cadena;
+        m.CanalTema[tema] = r[2].entero;
+    }
+}
+
+bool GuardarOpciones(const Module1& m, Plataforma& p, Canales& canales) {
+    EscritorDelimitado e;
+    e.Entero(m.NumJugadores);
+    e.Entero(m.QuesitosParaGanar);
+    e.FinRegistro();
+    for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
+        e.Cadena(m.FicheroTema[tema]);
+        e.Cadena(m.EtiquetaTema[tema]);
+        e.Entero(m.CanalTema[tema]);
+        e.FinRegistro();
+    }
+    return EscribirDeUnaVez(canales, p.Ficheros(), canales.Libre(), RutaOpciones(p), e.Bytes());
+}
 
 }  // namespace sabelot

@@ -1,0 +1,81 @@
+// Una capa de ficheros que falla cuando se le pide, delante de la de verdad: para ver
+// que una escritura a medias no se lleva por delante lo que ya había.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/plataforma.h"
+
+namespace sabelot::prueba {
+
+class FicherosAveriados : public SistemaFicheros {
+public:
+    explicit FicherosAveriados(SistemaFicheros& real) : real_(real) {}
+
+    bool fallaAbrirEscritura = false;
+    // Escribe la mitad de lo pedido y dice que no pudo (disco lleno).
+    bool fallaEscribir = false;
+    bool fallaCerrar = false;
+    bool fallaRenombrar = false;
+    // Se llama a mitad de una escritura, con la mitad ya escrita.
+    std::function<void()> aMitadDeEscribir;
+
+    // Lo que se abrió para escribir, en orden.
+    std::vector<std::string> abiertosParaEscribir;
+
+    bool Existe(const std::string& ruta) override { return real_.Existe(ruta); }
+    bool EsCarpeta(const std::string& ruta) override { return real_.EsCarpeta(ruta); }
+    std::vector<std::string> Listar(const std::string& carpeta, const std::string& extension) override {
+        return real_.Listar(carpeta, extension);
+    }
+    std::unique_ptr<Fichero> Abrir(const std::string& ruta, ModoApertura modo, int& error) override {
+        if (modo == ModoApertura::Escritura) {
+            abiertosParaEscribir.push_back(ruta);
+            if (fallaAbrirEscritura) {
+                error = 75;
+                return nullptr;
+            }
+        }
+        auto f = real_.Abrir(ruta, modo, error);
+        if (!f) return nullptr;
+        return std::make_unique<FicheroAveriado>(std::move(f), *this);
+    }
+    bool Renombrar(const std::string& de, const std::string& a) override {
+        return !fallaRenombrar && real_.Renombrar(de, a);
+    }
+    bool Borrar(const std::string& ruta) override { return real_.Borrar(ruta); }
+
+private:
+    class FicheroAveriado : public Fichero {
+    public:
+        FicheroAveriado(std::unique_ptr<Fichero> f, FicherosAveriados& capa)
+            : f_(std::move(f)), capa_(capa) {}
+        bool LeerLinea(std::string& linea) override { return f_->LeerLinea(linea); }
+        bool Fin() override { return f_->Fin(); }
+        std::int64_t Posicion() override { return f_->Posicion(); }
+        void IrA(std::int64_t posicion1) override { f_->IrA(posicion1); }
+        std::int64_t Longitud() override { return f_->Longitud(); }
+        bool Escribir(const std::string& bytes) override {
+            if (!capa_.fallaEscribir && !capa_.aMitadDeEscribir) return f_->Escribir(bytes);
+            f_->Escribir(bytes.substr(0, bytes.size() / 2));
+            if (capa_.aMitadDeEscribir) capa_.aMitadDeEscribir();
+            if (!capa_.fallaEscribir) return f_->Escribir(bytes.substr(bytes.size() / 2));
+            return false;
+        }
+        bool Cerrar() override {
+            bool bien = f_->Cerrar();
+            return bien && !capa_.fallaCerrar;
+        }
+
+    private:
+        std::unique_ptr<Fichero> f_;
+        FicherosAveriados& capa_;
+    };
+
+    SistemaFicheros& real_;
+};
+
+}  // namespace sabelot::prueba

@@ -1,0 +1,73 @@
+// Si están los ficheros de preguntas elegidos, y si un canal está abierto.
+#include "storage/ficheros_preguntas.h"
+
+#include <gtest/gtest.h>
+
+#include "apoyo/juego_prueba.h"
+
+namespace sabelot {
+namespace {
+
+using prueba::JuegoPrueba;
+
+void PonerFicheros(JuegoPrueba& jp, std::array<std::string, 7> nombres) {
+    jp.m().FicheroTema = nombres;
+    for (std::size_t t = 1; t <= 6; ++t) {
+        if (!nombres[t].empty()) jp.p.carpeta.Escribir("preguntas/" + nombres[t] + ".qzf", "q>x\r\n");
+    }
+}
+
+TEST(FicherosPreguntas, FaltanFicheros) {
+    {
+        JuegoPrueba jp;  // primer arranque: sin nombres
+        EXPECT_TRUE(jp.f().FaltanFicheros());
+    }
+    {
+        JuegoPrueba jp;
+        PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
+        EXPECT_FALSE(jp.f().FaltanFicheros());
+        jp.m().FicheroTema[4] = "no_esta";  // uno solo basta
+        EXPECT_TRUE(jp.f().FaltanFicheros());
+        jp.m().FicheroTema[4] = "";  // un tema vaciado en el editor
+        EXPECT_TRUE(jp.f().FaltanFicheros());
+    }
+    {
+        JuegoPrueba jp;  // los seis con el mismo fichero
+        PonerFicheros(jp, {"", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla"});
+        EXPECT_FALSE(jp.f().FaltanFicheros());
+        // Un ".qzf" a secas no es el fichero de un tema sin nombre.
+        jp.p.carpeta.Escribir("preguntas/.qzf", "q>x\r\n");
+        jp.m().FicheroTema[6] = "";
+        EXPECT_TRUE(jp.f().FaltanFicheros());
+    }
+    {
+        JuegoPrueba jp;  // en otra carpeta no cuenta
+        jp.p.carpeta.Escribir("a.qzf", "q>x\r\n");
+        jp.m().FicheroTema = {"", "a", "a", "a", "a", "a", "a"};
+        EXPECT_TRUE(jp.f().FaltanFicheros());
+    }
+}
+
+TEST(FicherosPreguntas, CanalAbierto) {
+    JuegoPrueba jp;
+    PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
+    Canales& canales = jp.juego->canales;
+    EXPECT_FALSE(CanalAbierto(canales, 0));
+    EXPECT_FALSE(CanalAbierto(canales, 3));
+    EXPECT_FALSE(CanalAbierto(canales, -1));
+    const std::string ruta = Ruta(jp.p.CarpetaPrograma(), {"preguntas", "c.qzf"});
+    ASSERT_EQ(0, canales.Abrir(3, ruta, ModoApertura::Lectura));
+    EXPECT_TRUE(CanalAbierto(canales, 3));
+    std::string linea;
+    canales.Get(3)->LeerLinea(linea);
+    EXPECT_TRUE(CanalAbierto(canales, 3));
+    // Se borra el fichero con el canal abierto: falta, pero su canal sigue abierto.
+    jp.p.Ficheros().Borrar(ruta);
+    EXPECT_TRUE(jp.f().FaltanFicheros());
+    EXPECT_TRUE(CanalAbierto(canales, 3));
+    canales.Cerrar(3);
+    EXPECT_FALSE(CanalAbierto(canales, 3));
+}
+
+}  // namespace
+}  // namespace sabelot

@@ -1,0 +1,188 @@
+// El lector del tablero: el texto exacto de cada casilla, que es lo que oye el jugador.
+#include <gtest/gtest.h>
+
+#include "apoyo/juego_prueba.h"
+
+namespace sabelot {
+namespace {
+
+using prueba::JuegoPrueba;
+
+const std::string C = "\r\n";
+
+// Etiquetas como las guarda el diálogo de opciones: sin blanco delante, uno detrás.
+const std::array<std::string, 7> kEtiquetas = {
+    "", "Cine ", "Deportes ", "Series y televisión ", "Historia ", "Ciencia ", "Cajón de sastre ",
+};
+
+struct CasoCasilla {
+    const char* nombre;
+    bool etiquetas;  // etiquetas de las opciones en vez de las propias
+    int jugadores;
+    std::array<int, 7> fichas;
+    int posicion;
+    int rumboCentro;
+    bool anexas;
+    std::string texto;
+};
+
+const std::array<int, 7> kTodasEnCentro{};
+
+// clang-format off
+const CasoCasilla kCasos[] = {
+    {"CentroAlEmpezar", false, 1, kTodasEnCentro, 0, 1, true,
+     "Casilla central" + C + " Cine arriba" + C + " Literatura  abajo " + C + "izquierda / derecha girar" +
+         C + "Todas las fichas."},
+    {"CentroSinAnexasIgual", false, 1, kTodasEnCentro, 0, 1, false,
+     "Casilla central" + C + " Cine arriba" + C + " Literatura  abajo " + C + "izquierda / derecha girar" +
+         C + "Todas las fichas."},
+    {"CentroMirandoAlRadio5", false, 1, kTodasEnCentro, 0, 5, true,
+     "Casilla central" + C + " Ciencias sociales arriba" + C + " Deportes y espectáculos  abajo " + C +
+         "izquierda / derecha girar" + C + "Todas las fichas."},
+    {"Casilla1ConFicha", false, 1, {0, 1, 0, 0, 0, 0, 0}, 1, 1, true,
+     "Casilla de Cine " + C + " Casilla central arriba" + C + " Deportes y espectáculos abajo" + C + C +
+         "Ficha del jugador 1"},
+    {"Casilla1SinAnexas", false, 1, {0, 1, 0, 0, 0, 0, 0}, 1, 1, false,
+     "Casilla de Cine " + C + C + "Ficha del jugador 1"},
+    {"Quesito16", false, 1, kTodasEnCentro, 16, 1, true,
+     "Quesito de  Cine " + C + " Cotilleos arriba" + C + " Ciencias sociales derecha" + C +
+         " Deportes y espectáculos izquierda"},
+    {"Quesito16SinAnexas", false, 1, kTodasEnCentro, 16, 1, false, "Quesito de  Cine " + C},
+    {"Casilla10ConQuesitoDebajo", false, 1, kTodasEnCentro, 10, 1, true,
+     "Casilla de Ciencias sociales " + C + " Literatura arriba" + C + " quesito de  Cotilleos abajo" + C},
+    {"Casilla37ConDadosALaIzquierda", false, 1, kTodasEnCentro, 37, 1, true,
+     "Casilla de Cine " + C + " quesito de  Cotilleos derecha" + C + " casilla de dados izquierda"},
+    {"Dados38", false, 1, kTodasEnCentro, 38, 1, true,
+     "Casilla de dados" + C + " Cine derecha" + C + " Deportes y espectáculos izquierda"},
+    {"Dados38ConFichaTrasIzquierda", false, 2, {0, 38, 0, 0, 0, 0, 0}, 38, 1, true,
+     "Casilla de dados" + C + " Cine derecha" + C + " Deportes y espectáculos izquierda" + C +
+         "Ficha del jugador 1"},
+    {"DosJugadoresUnoSalio", false, 2, {0, 7, 0, 0, 0, 0, 0}, 0, 1, true,
+     "Casilla central" + C + " Cine arriba" + C + " Literatura  abajo " + C + "izquierda / derecha girar" +
+         C + "Ficha del jugador 2"},
+    {"DosFichasEnUnaCasilla", false, 3, {0, 12, 0, 12, 0, 0, 0}, 12, 1, false,
+     "Casilla de Historia " + C + C + "Ficha del jugador 1" + C + "Ficha del jugador 3"},
+    {"FichaFueraDeJuegoNoSeCuenta", false, 1, {0, 0, 9, 0, 0, 0, 0}, 9, 1, false,
+     "Casilla de Literatura " + C},
+    // Con las etiquetas de las opciones.
+    {"EtiquetasCentro", true, 1, kTodasEnCentro, 0, 1, true,
+     "Casilla central" + C + "Cine arriba" + C + "Historia  abajo " + C + "izquierda / derecha girar" + C +
+         "Todas las fichas."},
+    {"EtiquetasCasilla1", true, 1, {0, 1, 0, 0, 0, 0, 0}, 1, 1, true,
+     "Casilla de Cine " + C + " Casilla central arriba" + C + "Deportes abajo" + C + C +
+         "Ficha del jugador 1"},
+    {"EtiquetasQuesito16", true, 1, kTodasEnCentro, 16, 1, true,
+     "Quesito de Cine " + C + "Cajón de sastre arriba" + C + "Ciencia derecha" + C + "Deportes izquierda"},
+    {"EtiquetasCasilla10", true, 1, kTodasEnCentro, 10, 1, true,
+     "Casilla de Ciencia " + C + "Historia arriba" + C + " quesito de Cajón de sastre abajo" + C},
+    {"EtiquetasCasilla37", true, 1, kTodasEnCentro, 37, 1, true,
+     "Casilla de Cine " + C + " quesito de Cajón de sastre derecha" + C + " casilla de dados izquierda"},
+    {"EtiquetasDados38", true, 1, kTodasEnCentro, 38, 1, true,
+     "Casilla de dados" + C + "Cine derecha" + C + "Deportes izquierda"},
+};
+// clang-format on
+
+class DescribirCasillaTest : public ::testing::TestWithParam<CasoCasilla> {};
+
+TEST_P(DescribirCasillaTest, TextoExacto) {
+    const CasoCasilla& caso = GetParam();
+    JuegoPrueba jp;
+    jp.f().ConstruirTablero();
+    jp.m().NumJugadores = caso.jugadores;
+    jp.m().DimensionarTablas(caso.jugadores);
+    if (caso.etiquetas) jp.m().EtiquetaTema = kEtiquetas;
+    jp.f().PosicionFicha = caso.fichas;
+    jp.f().RumboCentro = caso.rumboCentro;
+    jp.f().LeerAnexas = caso.anexas;
+    jp.f().CasillaPrevia = 5;
+    int posicion = caso.posicion;
+    int rumbo = -1;
+    jp.f().DescribirCasilla(posicion, rumbo);
+    EXPECT_EQ(caso.texto, jp.f().Texto1());
+    if (caso.posicion == 0) {
+        EXPECT_EQ(caso.rumboCentro, rumbo);
+        EXPECT_EQ(0, jp.f().CasillaPrevia) << "el centro gasta CasillaPrevia";
+        EXPECT_EQ(caso.rumboCentro, jp.f().RumboCentro);
+    } else {
+        EXPECT_EQ(5, jp.f().CasillaPrevia);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Lector, DescribirCasillaTest, ::testing::ValuesIn(kCasos),
+                         [](const auto& info) { return std::string(info.param.nombre); });
+
+TEST(Lector, MenosUnoEsLaCasillaDelCursor) {
+    JuegoPrueba jp;
+    jp.f().ConstruirTablero();
+    jp.m().DimensionarTablas(1);
+    jp.f().CasillaCursor = 38;
+    jp.f().DescribirCasilla();
+    EXPECT_EQ("Casilla de dados" + C + " Cine derecha" + C + " Deportes y espectáculos izquierda",
+              jp.f().Texto1());
+    // Nada del texto anterior sobrevive.
+    jp.f().PonerTexto1("otra cosa");
+    int posicion = -1, rumbo = -1;
+    jp.f().DescribirCasilla(posicion, rumbo);
+    EXPECT_EQ(38, posicion);
+    EXPECT_EQ(0u, jp.f().Texto1().find("Casilla de dados"));
+}
+
+TEST(Lector, ElCentroDiceElRadioAlQueMiraLlegueComoLlegue) {
+    // Aunque CasillaPrevia quede de una casilla lejana (llegada con una cifra), se
+    // cuentan los radios que alcanzan Arriba y Abajo.
+    JuegoPrueba jp;
+    jp.f().ConstruirTablero();
+    jp.m().DimensionarTablas(1);
+    jp.f().RumboCentro = 3;
+    jp.f().CasillaPrevia = 40;
+    jp.f().DescribirCasilla();
+    EXPECT_EQ("Casilla central" + C + " Historia arriba" + C + " Cotilleos  abajo " + C +
+                  "izquierda / derecha girar" + C + "Todas las fichas.",
+              jp.f().Texto1());
+}
+
+TEST(Lector, ElTemaDelCentroPasaA7AlNombrarlo) {
+    JuegoPrueba jp;
+    jp.f().ConstruirTablero();
+    jp.m().DimensionarTablas(1);
+    ASSERT_EQ(0, jp.f().Tablero[0].Tema);
+    int posicion = 4, rumbo = -1;
+    jp.f().DescribirCasilla(posicion, rumbo);
+    EXPECT_EQ(7, jp.f().Tablero[0].Tema);
+    EXPECT_NE(std::string::npos, jp.f().Texto1().find(" Casilla central arriba"));
+}
+
+TEST(Lector, NombreTema) {
+    JuegoPrueba jp;
+    struct {
+        int tema;
+        int despues;
+        std::string nombre;
+    } const casos[] = {
+        {9, 9, ""},
+        {-2, -2, ""},
+        {8, 8, " casilla de dados "},
+        {0, 7, " Casilla central "},
+        {-1, 7, " Casilla central "},
+        {7, 7, " Casilla central "},
+        {2, 2, " Deportes y espectáculos "},
+        {5, 5, " Ciencias sociales "},
+    };
+    for (const auto& caso : casos) {
+        int tema = caso.tema;
+        EXPECT_EQ(caso.nombre, jp.f().NombreTema(tema)) << caso.tema;
+        EXPECT_EQ(caso.despues, tema) << caso.tema;
+    }
+    // La etiqueta de las opciones manda en 1 a 6, sin recortar; en 7 y 8 no.
+    jp.m().EtiquetaTema = kEtiquetas;
+    jp.m().EtiquetaTema[4] = "  Novela ";
+    EXPECT_EQ("  Novela ", jp.f().NombreTema(4));
+    EXPECT_EQ("Cajón de sastre ", jp.f().NombreTema(6));
+    EXPECT_EQ(" casilla de dados ", jp.f().NombreTema(8));
+    EXPECT_EQ(" Casilla central ", jp.f().NombreTema(7));
+    jp.m().EtiquetaTema[4] = "";
+    EXPECT_EQ(" Literatura ", jp.f().NombreTema(4));
+}
+
+}  // namespace
+}  // namespace sabelot
