@@ -2,11 +2,13 @@
 // de ficheros de preguntas (lector_preguntas.cpp).
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
 #include "engine/estado.h"
 #include "engine/plataforma.h"
+#include "questions/mazo.h"
 
 namespace sabelot {
 
@@ -73,6 +75,11 @@ private:
     VistaDialog1* vista_ = nullptr;
     void Juzgar();
     void Ocultar();
+    void Refrescar();
+    // Vacía el mazo del tema y vuelve a abrir su fichero desde el primer byte.
+    void DarLaVuelta(int tema);
+    // Índice de MazoUsado por tema, para no recorrer la cadena en cada pregunta.
+    std::array<IndiceMazo, kNumTemas + 1> indices_{};
 };
 
 }  // namespace sabelot

@@ -1,0 +1,168 @@
+// El lector de preguntas sobre un fichero de 32.767 preguntas: sacar una con el mazo
+// nuevo, sacar una con el 95 % ya usado (pasa por casi todo el fichero), la cuenta, y
+// una pasada simple por el fichero para comparar.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+
+#include "engine/estado.h"
+#include "engine/plataforma.h"
+#include "questions/dialog1.h"
+#include "storage/canales.h"
+#include "storage/sistema_ficheros.h"
+
+namespace fs = std::filesystem;
+
+namespace sabelot {
+namespace {
+
+constexpr int kPreguntas = 32767;
+
+// Carpeta del programa con el fichero grande; se borra al salir.
+struct Carpeta {
+    fs::path ruta;
+    Carpeta() {
+        ruta = fs::temp_directory_path() / ("sabelot-medidas-" + std::to_string(std::random_device{}()));
+        fs::create_directories(ruta / "preguntas");
+        std::ofstream f(ruta / "preguntas" / "grande.qzf", std::ios::binary);
+        f << "Fichero de prueba para medir\r\n\r\n";
+        for (int i = 1; i <= kPreguntas; ++i) {
+            f << "q>Pregunta n\xFAmero " << i << ": \xBF" << "cu\xE1l de estas respuestas es la buena?\r\n"
+              << "1>La primera respuesta posible\r\n2>La segunda respuesta posible\r\n"
+              << "3>La tercera respuesta posible\r\n4>La cuarta respuesta posible\r\na>"
+              << (1 + i % 4) << "\r\n\r\n";
+        }
+    }
+    ~Carpeta() {
+        std::error_code ec;
+        fs::remove_all(ruta, ec);
+    }
+    std::string RutaFichero() const { return (ruta / "preguntas" / "grande.qzf").string(); }
+};
+
+const Carpeta& LaCarpeta() {
+    static Carpeta c;
+    return c;
+}
+
+class PlataformaMedida : public Plataforma {
+public:
+    int MsgBox(const std::string&, int, const std::string&) override { return vbOK; }
+    std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+        return "";
+    }
+    void Beep() override {}
+    void Reproducir(Reproductor, const std::string&) override {}
+    void Hora(int& h, int& m, int& s) override { h = m = s = 1; }
+    void Randomize(std::int64_t semilla) override {
+        azar_.seed(static_cast<std::mt19937::result_type>(semilla));
+    }
+    double Rnd() override { return std::uniform_real_distribution<double>(0.0, 1.0)(azar_); }
+    std::string CarpetaPrograma() override { return LaCarpeta().ruta.string(); }
+    SistemaFicheros& Ficheros() override { return ficheros_; }
+    void MostrarDialog(Dialog&) override {}
+    void MostrarDialog1(Dialog1&) override {}
+    void MostrarDlgOpciones(DlgOpciones&) override {}
+    [[noreturn]] void TerminarPrograma() override { std::abort(); }
+
+private:
+    SistemaFicherosReal ficheros_;
+    std::mt19937 azar_{1};
+};
+
+// Un tema que lee el fichero grande en el canal 1.
+struct Lectura {
+    PlataformaMedida p;
+    Module1 m;
+    Canales canales{p.Ficheros()};
+    Dialog1 d{m, p, canales};
+    Lectura() {
+        m.FicheroTema[1] = "grande";
+        m.CanalTema[1] = 1;
+        d.NTema = 1;
+    }
+};
+
+void SacarConMazoNuevo(benchmark::State& state) {
+    Lectura l;
+    l.d.ContarPreguntas();
+    l.d.AbrirFichero(false, true);
+    for (auto _ : state) {
+        l.d.Titulo = "Pregunta de ";  // como al activar el diálogo: si no, el título crece
+        l.d.LeerPregunta();
+        l.m.CuentaMazo[1] += 1;
+        benchmark::DoNotOptimize(l.d.Pregunta.data());
+    }
+}
+BENCHMARK(SacarConMazoNuevo)->Unit(benchmark::kMicrosecond);
+
+void SacarConMazoAl95(benchmark::State& state) {
+    Lectura l;
+    l.d.ContarPreguntas();
+    l.d.AbrirFichero(false, false);
+    // El 95 % sin llegar a la vuelta: 31.128 de 32.767 contestadas.
+    const int usadas = kPreguntas * 95 / 100;
+    for (int i = 0; i < usadas; ++i) {
+        l.d.Titulo = "Pregunta de ";
+        l.d.LeerPregunta();
+        l.m.CuentaMazo[1] += 1;
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        l.canales.Get(1)->IrA(1);  // desde arriba: todas las usadas por delante
+        l.d.Titulo = "Pregunta de ";
+        state.ResumeTiming();
+        l.d.LeerPregunta();
+        benchmark::DoNotOptimize(l.d.Pregunta.data());
+    }
+    state.counters["usadas"] = static_cast<double>(usadas);
+}
+// Cada vuelta gasta una de las 1.639 que quedan: un número fijo de vueltas.
+BENCHMARK(SacarConMazoAl95)->Iterations(60)->Unit(benchmark::kMillisecond);
+
+void ContarPreguntas(benchmark::State& state) {
+    Lectura l;
+    for (auto _ : state) {
+        l.d.ContarPreguntas();
+        benchmark::DoNotOptimize(l.m.TotalMazo[1]);
+    }
+}
+BENCHMARK(ContarPreguntas)->Unit(benchmark::kMillisecond);
+
+// Una pasada con la misma capa de ficheros, solo contando las "q>".
+void PasadaSimple(benchmark::State& state) {
+    SistemaFicherosReal fs;
+    for (auto _ : state) {
+        int error = 0;
+        auto f = fs.Abrir(LaCarpeta().RutaFichero(), ModoApertura::Lectura, error);
+        std::string linea;
+        int n = 0;
+        while (f->LeerLinea(linea)) {
+            if (linea.size() >= 2 && (linea[0] == 'q' || linea[0] == 'Q') && linea[1] == '>') ++n;
+        }
+        f->Cerrar();
+        benchmark::DoNotOptimize(n);
+    }
+}
+BENCHMARK(PasadaSimple)->Unit(benchmark::kMillisecond);
+
+// La misma pasada con std::getline, para ver cuánto pesa la capa de ficheros.
+void PasadaGetline(benchmark::State& state) {
+    for (auto _ : state) {
+        std::ifstream f(LaCarpeta().RutaFichero(), std::ios::binary);
+        std::string linea;
+        int n = 0;
+        while (std::getline(f, linea)) {
+            if (linea.size() >= 2 && (linea[0] == 'q' || linea[0] == 'Q') && linea[1] == '>') ++n;
+        }
+        benchmark::DoNotOptimize(n);
+    }
+}
+BENCHMARK(PasadaGetline)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace sabelot

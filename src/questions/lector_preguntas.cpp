@@ -1,0 +1,184 @@
+// El lector de ficheros de preguntas: no hay mazo en memoria. El fichero queda abierto
+// en su canal, la posición de lectura es el sitio del mazo y MazoUsado apunta las
+// marcas de lo ya sacado.
+#include <cmath>
+#include <cstdint>
+
+#include "questions/dialog1.h"
+#include "questions/registro.h"
+#include "storage/canales.h"
+#include "storage/cp1252.h"
+#include "storage/ficheros_preguntas.h"
+
+namespace sabelot {
+
+namespace {
+
+const char* const kNoSeEncuentra =
+    "No se encuentra el archivo correspondiente a esa categoría. Reajuste las opciones antes "
+    "de continuar jugando";
+const char* const kErrorAlAbrir =
+    "Se produjo un error al abrir el archivo. archivo correspondiente a esa categoría. "
+    "Reajuste las opciones antes de continuar jugando\"";
+const char* const kSinPreguntasValidas =
+    "El archivo correspondiente a esa categoría no contiene preguntas válidas. Reajuste las "
+    "opciones antes de continuar jugando";
+const char* const kDandoLaVuelta = "Dando la vuelta al mazo de preguntas";
+
+}  // namespace
+
+void Dialog1::AbrirFichero(bool LeerDespues, bool AlAzar) {
+    if (NTema < 1 || NTema > kNumTemas) NTema = 1;
+    const int c = m_.CanalTema[static_cast<std::size_t>(NTema)];
+    if (!CanalAbierto(canales_, c)) {
+        const std::string ruta = Ruta(
+            p_.CarpetaPrograma(), {"preguntas", m_.FicheroTema[static_cast<std::size_t>(NTema)] + ".qzf"});
+        // El canal 0 no es válido: Abrir lo rechaza y sale el segundo mensaje.
+        const int error = canales_.Abrir(c, ruta, ModoApertura::Lectura);
+        if (error != 0) {
+            p_.MsgBox(error == kErrorNoExiste ? kNoSeEncuentra : kErrorAlAbrir, vbOKOnly,
+                      kTituloPrograma);
+            FalloApertura = true;
+            return;
+        }
+        if (AlAzar) {
+            Fichero* f = canales_.Get(c);
+            const std::int64_t largo = f->Longitud();
+            const double r = p_.Rnd();
+            f->IrA(static_cast<std::int64_t>(std::floor(r * static_cast<double>(largo))) + 1);
+        }
+    }
+    if (LeerDespues) LeerPregunta();
+}
+
+void Dialog1::ContarPreguntas() {
+    if (NTema < 1 || NTema > kNumTemas) NTema = 1;
+    const auto t = static_cast<std::size_t>(NTema);
+    const int c = m_.CanalTema[t];
+    canales_.Cerrar(c);
+    AbrirFichero(false, false);
+    if (FalloApertura) return;
+    Fichero* f = canales_.Get(c);
+    std::int64_t n = 0;
+    std::string linea;
+    while (f->LeerLinea(linea)) {
+        if (EsLineaPregunta(linea)) ++n;
+    }
+    canales_.Cerrar(c);
+    m_.TotalMazo[t] = n;
+    m_.CuentaMazo[t] = 0;
+}
+
+void Dialog1::DarLaVuelta(int tema) {
+    const auto t = static_cast<std::size_t>(tema);
+    canales_.Cerrar(m_.CanalTema[t]);
+    p_.MsgBox(kDandoLaVuelta, vbOKOnly, kTituloPrograma);
+    m_.MazoUsado[t].clear();
+    m_.CuentaMazo[t] = 0;
+    AbrirFichero(false, false);
+}
+
+// Al acabarse el fichero o dar la vuelta al mazo, la lectura vuelve a empezar arriba en
+// este mismo bucle en vez de llamarse otra vez. Para que siempre acabe: una pasada
+// entera desde arriba que no saca nada debe apuntar al menos una marca nueva, y las
+// marcas son posiciones distintas del fichero; si no apunta ninguna, lo que queda ya
+// está sacado. Entonces se da la vuelta al mazo una sola vez si se contestó algo desde
+// la última; si no, el fichero no tiene nada que preguntar.
+void Dialog1::LeerPregunta() {
+    if (NTema < 1 || NTema > kNumTemas) NTema = 1;
+    const int tema = NTema;
+    const auto t = static_cast<std::size_t>(tema);
+    const int c = m_.CanalTema[t];
+    IndiceMazo& indice = indices_[t];
+    std::string& mazo = m_.MazoUsado[t];
+
+    int vueltas = 0;
+    bool desdeArriba = false;  // la pasada en curso empezó en el primer byte
+    std::size_t marcasAlEmpezar = 0;
+    std::string linea;
+
+    if (!CanalAbierto(canales_, c)) {
+        AbrirFichero(false, false);
+        if (FalloApertura) return;
+        desdeArriba = true;
+        marcasAlEmpezar = mazo.size();
+    }
+
+    for (;;) {
+        Pregunta.clear();
+        Comentario.clear();
+        Respuestas.assign(1, std::string());
+        indice.Sincronizar(mazo);
+        Fichero* f = canales_.Get(c);
+
+        // La línea anterior ya no cuenta: se busca la siguiente "q>". Una "q>" en la
+        // última línea es como el final del fichero.
+        bool hayPregunta = false;
+        while (!f->Fin()) {
+            f->LeerLinea(linea);
+            if (EsLineaPregunta(linea)) {
+                hayPregunta = true;
+                break;
+            }
+        }
+        if (!hayPregunta || f->Fin()) {
+            canales_.Cerrar(c);
+            if (desdeArriba && mazo.size() == marcasAlEmpezar) {
+                if (m_.CuentaMazo[t] > 0 && vueltas == 0) {
+                    // Lo que queda sin sacar no se puede preguntar: se empieza de nuevo.
+                    ++vueltas;
+                    DarLaVuelta(tema);
+                    if (FalloApertura) return;
+                    marcasAlEmpezar = 0;
+                    continue;
+                }
+                p_.MsgBox(kSinPreguntasValidas, vbOKOnly, kTituloPrograma);
+                FalloApertura = true;
+                return;
+            }
+            AbrirFichero(false, false);
+            if (FalloApertura) return;
+            desdeArriba = true;
+            marcasAlEmpezar = mazo.size();
+            continue;
+        }
+
+        const std::int64_t posicion = f->Posicion();
+        if (indice.Contiene(posicion)) {
+            // Más del 95 %, en enteros para no depender del redondeo.
+            if (m_.CuentaMazo[t] * 20 > m_.TotalMazo[t] * 19) {
+                if (vueltas > 0) {
+                    p_.MsgBox(kSinPreguntasValidas, vbOKOnly, kTituloPrograma);
+                    canales_.Cerrar(c);
+                    FalloApertura = true;
+                    return;
+                }
+                ++vueltas;
+                DarLaVuelta(tema);
+                if (FalloApertura) return;
+                desdeArriba = true;
+                marcasAlEmpezar = 0;
+            }
+            continue;
+        }
+        indice.Anadir(mazo, posicion);
+
+        Registro registro(linea);
+        while (!f->Fin()) {
+            f->LeerLinea(linea);
+            if (!registro.Anadir(linea)) break;
+        }
+        // Sin respuestas o sin una "a>" que nombre una: se salta, y su marca se queda.
+        if (!registro.SePuedePreguntar()) continue;
+
+        Pregunta = Cp1252AUtf8(registro.Pregunta);
+        Respuestas.clear();
+        for (const auto& r : registro.Respuestas) Respuestas.push_back(Cp1252AUtf8(r));
+        IndiceCorrecto = registro.IndiceCorrecto;
+        Comentario = Cp1252AUtf8(registro.Comentario);
+        MostrarPregunta();
+        return;
+    }
+}
+
+}  // namespace sabelot

@@ -1,0 +1,25 @@
+// Revisión de un fichero de preguntas: todo lo que hará que el juego se salte una
+// pregunta, la lea mal o juzgue contra una respuesta que no es. Usa las mismas reglas
+// de registro que el lector del juego.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace sabelot {
+
+struct ProblemaQzf {
+    int linea = 0;      // desde 1
+    std::string texto;  // en castellano, UTF-8
+};
+
+struct RevisionQzf {
+    std::vector<ProblemaQzf> problemas;  // por orden de línea
+    int preguntas = 0;                   // líneas "q>"
+    int preguntables = 0;                // registros que el juego puede hacer
+};
+
+// 'bytes' es el fichero tal cual, que debe ir en Windows-1252 con CR LF.
+RevisionQzf RevisarQzf(const std::string& bytes);
+
+}  // namespace sabelot
