@@ -6,6 +6,7 @@
 #include <array>
 #include <cassert>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -52,7 +53,8 @@ private:
         return static_cast<std::size_t>((tema - 1) * jugadores_ + (jugador - 1));
     }
     int jugadores_ = 0;
-    std::vector<T> datos_;
+    // deque y no vector: con bool hace falta dar una referencia de verdad.
+    std::deque<T> datos_;
 };
 
 // Vector por jugador con índices desde 1.

@@ -1,0 +1,28 @@
+// Mover la ficha a la casilla elegida y resolver lo que pide la casilla.
+#include "engine/form1.h"
+#include "frontend/dialog.h"
+
+namespace sabelot {
+
+void Form1::MoverFicha() {
+    dialog_.Mensaje = TextoDestinos;
+    p_.MostrarDialog(dialog_);
+
+    // El diálogo no se cierra sin elegir; si algo raro llega, la ficha no se mueve.
+    if (m_.ValorElegido < 0 || m_.ValorElegido > kUltimaCasilla) return;
+
+    CasillaCursor = m_.ValorElegido;
+    PosicionFicha[static_cast<std::size_t>(JugadorActual)] = CasillaCursor;
+    DescribirCasilla();
+
+    const Casilla& c = Tablero[static_cast<std::size_t>(CasillaCursor)];
+    if (c.EsDados) {
+        PonerTexto1("Vuelve  a tirar los dados.");
+    } else if (CasillaCursor != 0) {
+        HacerPregunta(c.Tema);
+    } else {
+        PruebaFinal();
+    }
+}
+
+}  // namespace sabelot
