@@ -1,0 +1,166 @@
+// La ventana de pregunta con teclas de verdad: una sola ventana para varias preguntas.
+#include "wx/ventana_pregunta.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "apoyo/plataforma_guion.h"
+#include "gui/pasos.h"
+#include "storage/canales.h"
+#include "storage/cp1252.h"
+
+namespace sabelot::prueba {
+namespace {
+
+const char* const kPreguntas =
+    "q>¿Cuántos lados tiene un hexágono?\r\n"
+    "1>Cinco\r\n"
+    "2>Seis\r\n"
+    "3>Ocho\r\n"
+    "a>2\r\n"
+    "\r\n"
+    "q>¿Cuál es la capital de Francia?\r\n"
+    "1>París\r\n"
+    "2>Lyon\r\n"
+    "a>1\r\n"
+    "\r\n"
+    "q>¿Tiene una sola respuesta?\r\n"
+    "1>Sí\r\n"
+    "a>1\r\n"
+    "\r\n";
+
+class VentanaPreguntaTest : public ::testing::Test {
+protected:
+    Module1 m;
+    PlataformaGuion p;
+    Canales canales{p.Ficheros()};
+    Dialog1 d{m, p, canales};
+    AnunciadorPrueba anun;
+    std::unique_ptr<VentanaPregunta> v;
+
+    void SetUp() override {
+        p.carpeta.Escribir("preguntas/prueba.qzf", Utf8ACp1252(kPreguntas));
+        m.FicheroTema[1] = "prueba";
+        m.CanalTema[1] = 1;
+        m.EtiquetaTema[1] = "Geografía";
+        p.azar = {0.0};  // el mazo empieza en el primer byte
+        d.NTema = 1;
+        v = std::make_unique<VentanaPregunta>(nullptr, d, anun);
+    }
+    void TearDown() override {
+        v.reset();  // ya no es modal: se puede borrar sin esperar
+        canales.CerrarTodos();
+    }
+
+    wxString Respuesta() const { return v->Respuesta()->GetValue(); }
+    bool FocoEnRespuesta() const { return wxWindow::FindFocus() == v->Respuesta(); }
+
+    // Una pregunta entera con esos pasos; verdadero si se dieron todos.
+    bool Preguntar(std::vector<std::function<void()>> pasos) {
+        Pasos guion(*v, std::move(pasos));
+        v->MostrarModal();
+        return guion.Acabados();
+    }
+};
+
+TEST_F(VentanaPreguntaTest, LaMismaVentanaPreguntaJuzgaYSeOcultaTresVeces) {
+    // Primera: nada edita la respuesta; Abajo y Enter aciertan.
+    EXPECT_TRUE(Preguntar({[&] {
+                 EXPECT_EQ(v->GetTitle(), wxString::FromUTF8("Pregunta de Geografía.\r\n"
+                                                             "¿Cuántos lados tiene un hexágono?"));
+                 const wxString pregunta = wxString::FromUTF8("  ¿Cuántos lados tiene un hexágono?");
+                 EXPECT_EQ(v->Pregunta()->GetValue(), pregunta);
+                 long desde = 0, hasta = 0;
+                 v->Pregunta()->GetSelection(&desde, &hasta);
+                 EXPECT_EQ(desde, 1);
+                 EXPECT_EQ(hasta, static_cast<long>(pregunta.length()));
+                 EXPECT_EQ(Respuesta(), "1. Cinco");
+                 EXPECT_TRUE(FocoEnRespuesta());
+             },
+             Tecla('x'), Tecla('2'), Tecla(WXK_DELETE), Tecla(WXK_BACK), Tecla(WXK_LEFT),
+             Tecla(WXK_ESCAPE),
+             [&] {
+                 EXPECT_TRUE(v->IsModal()) << "Escape no cierra";
+                 EXPECT_EQ(Respuesta(), "1. Cinco");
+                 EXPECT_TRUE(FocoEnRespuesta());
+             },
+             Tecla(WXK_TAB), [&] { EXPECT_EQ(wxWindow::FindFocus(), v->Pregunta()); },
+             Tecla(WXK_TAB), [&] { EXPECT_TRUE(FocoEnRespuesta()); },
+             Tecla(WXK_DOWN),
+             [&] {
+                 EXPECT_EQ(Respuesta(), "2. Seis");
+                 ASSERT_FALSE(anun.dichos.empty());
+                 EXPECT_EQ(anun.dichos.back(), "2. Seis");
+                 EXPECT_TRUE(p.mensajes.empty());
+             },
+             Tecla(WXK_RETURN)}));
+    EXPECT_FALSE(v->IsShown());
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto, "respuesta correcta");
+    EXPECT_EQ(p.mensajes[0].estilo, vbOKOnly);
+    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+    EXPECT_TRUE(d.RespuestaCorrecta);
+    EXPECT_EQ(p.pitidos, 0);
+    // Al abrir se dijeron la pregunta y la respuesta a la vista.
+    ASSERT_GE(anun.dichos.size(), 3u);
+    EXPECT_EQ(anun.dichos[0], wxString::FromUTF8(
+                                  "Pregunta de Geografía.\r\n¿Cuántos lados tiene un hexágono?"));
+    EXPECT_EQ(anun.dichos[1], "1. Cinco");
+
+    // Segunda, en la misma ventana: Arriba da la vuelta con un pitido; se falla.
+    anun.dichos.clear();
+    EXPECT_TRUE(Preguntar({[&] {
+                           EXPECT_EQ(v->Pregunta()->GetValue(),
+                                     wxString::FromUTF8("  ¿Cuál es la capital de Francia?"));
+                           EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. París"));
+                           EXPECT_TRUE(FocoEnRespuesta());
+                       },
+                       Tecla(WXK_UP),
+                       [&] {
+                           EXPECT_EQ(p.pitidos, 1);
+                           EXPECT_EQ(Respuesta(), "2. Lyon");
+                       },
+                       Tecla(WXK_RETURN)}));
+    ASSERT_EQ(p.mensajes.size(), 2u);
+    EXPECT_EQ(p.mensajes[1].texto, "La respuesta correcta era París");
+    EXPECT_FALSE(d.RespuestaCorrecta);
+    ASSERT_GE(anun.dichos.size(), 1u);
+    EXPECT_EQ(anun.dichos.back(), "2. Lyon");
+
+    // Tercera: una sola respuesta; cada paso pita y la vuelve a decir. Espacio juzga.
+    anun.dichos.clear();
+    EXPECT_TRUE(Preguntar({[&] { EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. Sí")); }, Tecla(WXK_DOWN),
+                       Tecla(WXK_DOWN),
+                       [&] {
+                           EXPECT_EQ(p.pitidos, 3);
+                           EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. Sí"));
+                       },
+                       Tecla(WXK_SPACE)}));
+    ASSERT_EQ(p.mensajes.size(), 3u);
+    EXPECT_EQ(p.mensajes[2].texto, "respuesta correcta");
+    EXPECT_TRUE(d.RespuestaCorrecta);
+    ASSERT_GE(anun.dichos.size(), 4u);
+    const wxString si = wxString::FromUTF8("1. Sí");
+    EXPECT_EQ(anun.dichos[anun.dichos.size() - 1], si);
+    EXPECT_EQ(anun.dichos[anun.dichos.size() - 2], si);
+    EXPECT_EQ(m.CuentaMazo[1], 3);
+}
+
+TEST_F(VentanaPreguntaTest, AltF4NoCierraLaPregunta) {
+    EXPECT_TRUE(Preguntar({Tecla(WXK_F4, wxMOD_ALT),
+                     [&] {
+                         EXPECT_TRUE(v->IsModal());
+                         EXPECT_TRUE(d.Visible);
+                     },
+                     Tecla(WXK_RETURN)}));
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto, "La respuesta correcta era Seis");
+}
+
+}  // namespace
+}  // namespace sabelot::prueba
