@@ -1,0 +1,95 @@
+// Anuncios en GTK, por ATK: lo que llega al bus de accesibilidad es lo que oye el lector.
+#include <gtk/gtk.h>
+
+#include <string>
+
+#include "anuncio.h"
+
+namespace {
+
+// El control GTK que de verdad toma el foco: en un cuadro de texto de varias líneas la
+// vista de texto va dentro de una ventana con barras.
+GtkWidget* Enfocable(wxWindow* ventana) {
+    if (!ventana) return nullptr;
+    GtkWidget* w = static_cast<GtkWidget*>(ventana->GetHandle());
+    if (w && GTK_IS_SCROLLED_WINDOW(w)) {
+        GtkWidget* hijo = gtk_bin_get_child(GTK_BIN(w));
+        if (hijo) w = hijo;
+    }
+    return w;
+}
+
+AtkObject* Accesible(GtkWidget* w) { return w ? gtk_widget_get_accessible(w) : nullptr; }
+
+// El objeto que el lector tiene ahora como foco: el control con el foco de la ventana activa
+// (visible), o la ventana misma. Nulo mientras no haya ninguna activa, p. ej. justo después de
+// cerrar un diálogo, antes de que el gestor de ventanas devuelva el foco.
+GtkWidget* WidgetConFoco() {
+    GtkWidget* encontrado = nullptr;
+    GList* lista = gtk_window_list_toplevels();
+    for (GList* l = lista; l && !encontrado; l = l->next) {
+        if (!GTK_IS_WINDOW(l->data)) continue;
+        GtkWindow* v = GTK_WINDOW(l->data);
+        if (!gtk_widget_get_mapped(GTK_WIDGET(v)) || !gtk_window_is_active(v)) continue;
+        GtkWidget* f = gtk_window_get_focus(v);
+        encontrado = (f && gtk_widget_has_focus(f)) ? f : GTK_WIDGET(v);
+    }
+    g_list_free(lista);
+    return encontrado;
+}
+
+// Un texto igual al que ya hay no es un cambio: se alterna un blanco al final.
+void PonerDescripcion(AtkObject* acc, const std::string& texto) {
+    if (!acc) return;
+    const gchar* actual = atk_object_get_description(acc);
+    std::string nuevo = texto;
+    if (actual && nuevo == actual) nuevo += ' ';
+    // ATK no avisa de la primera descripción que recibe un objeto: se le da una vacía antes.
+    if (!acc->description) atk_object_set_description(acc, "");
+    atk_object_set_description(acc, nuevo.c_str());
+}
+
+// Aviso suelto, sin foco: la señal que tenga el ATK instalado y que el puente pase al bus.
+void EmitirAviso(AtkObject* acc, const std::string& texto) {
+    if (!acc) return;
+    static const guint anuncio = g_signal_lookup("announcement", ATK_TYPE_OBJECT);
+    static const guint notificacion = g_signal_lookup("notification", ATK_TYPE_OBJECT);
+    if (anuncio) {
+        g_signal_emit(acc, anuncio, 0, texto.c_str());
+    } else if (notificacion) {
+        GSignalQuery q;
+        g_signal_query(notificacion, &q);
+        if (q.n_params == 2) g_signal_emit(acc, notificacion, 0, texto.c_str(), 1 /* educado */);
+    }
+}
+
+class AnunciadorGtk : public Anunciador {
+public:
+    void Anunciar(wxWindow* foco, const wxString& texto) override {
+        const std::string t = texto.utf8_string();
+        if (GtkWidget* w = WidgetConFoco()) {
+            PonerDescripcion(Accesible(w), t);
+            return;
+        }
+        // Nadie tiene el foco todavía: el control guarda el texto para cuando lo tenga y,
+        // mientras, se avisa sin foco.
+        AtkObject* acc = Accesible(Enfocable(foco));
+        if (!acc) acc = atk_get_root();
+        PonerDescripcion(acc, t);
+        EmitirAviso(acc, t);
+    }
+
+    void Nombrar(wxWindow* control, const wxString& nombre, const wxString& descripcion) override {
+        AtkObject* acc = Accesible(Enfocable(control));
+        if (!acc) return;
+        if (!nombre.empty()) atk_object_set_name(acc, nombre.utf8_str());
+        atk_object_set_description(acc, descripcion.utf8_str());
+        // Un control vacío que toma el foco tiene que decir qué es.
+        const AtkRole rol = atk_object_get_role(acc);
+        if (rol == ATK_ROLE_UNKNOWN || rol == ATK_ROLE_FILLER) atk_object_set_role(acc, ATK_ROLE_PANEL);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Anunciador> CrearAnunciador() { return std::make_unique<AnunciadorGtk>(); }

@@ -1,0 +1,35 @@
+#include "programa_wx.h"
+
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
+
+ProgramaWx::ProgramaWx(const std::string& carpeta)
+    : anunciador_(CrearAnunciador()),
+      plataforma_(std::make_unique<PlataformaWx>(carpeta, *anunciador_)),
+      juego_(std::make_unique<sabelot::Juego>(*plataforma_)) {
+    ventana_ = new VentanaPrincipal(juego_->form1, *anunciador_, *plataforma_);
+    // La ventana la destruye wx; aquí solo se deja de apuntar a ella.
+    ventana_->Bind(wxEVT_DESTROY, [this](wxWindowDestroyEvent& e) {
+        if (e.GetEventObject() == ventana_) ventana_ = nullptr;
+        e.Skip();
+    });
+    plataforma_->AlTerminarDado([this] { juego_->form1.MediaPlayer1_PlayStateChange(0); });
+}
+
+ProgramaWx::~ProgramaWx() {
+    // Fuera de sus eventos se puede borrar ya, antes que el juego al que apunta.
+    if (ventana_) {
+        plataforma_->CerrarDialogos();
+        delete ventana_;
+    }
+    plataforma_->AlTerminarDado(nullptr);
+}
+
+void ProgramaWx::Arrancar() {
+    juego_->form1.Form_Load();
+    if (ventana_) ventana_->Aparecer();
+}
+
+std::string CarpetaDelEjecutable() {
+    return wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath().utf8_string();
+}

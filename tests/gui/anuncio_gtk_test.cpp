@@ -1,0 +1,137 @@
+// Lo que queda en ATK, que es lo que el puente de accesibilidad pasa al lector de pantalla.
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <wx/frame.h>
+#include <wx/textctrl.h>
+
+#include "apoyo_gui.h"
+#include "wx/anuncio.h"
+#include "wx/plataforma_wx.h"
+#include "wx/programa_wx.h"
+
+using prueba_gui::DialogoVisto;
+using prueba_gui::EsperarHasta;
+
+namespace {
+
+GtkWidget* Widget(wxWindow* w) {
+    GtkWidget* g = static_cast<GtkWidget*>(w->GetHandle());
+    if (GTK_IS_SCROLLED_WINDOW(g)) g = gtk_bin_get_child(GTK_BIN(g));
+    return g;
+}
+AtkObject* Atk(wxWindow* w) { return gtk_widget_get_accessible(Widget(w)); }
+std::string Descripcion(wxWindow* w) {
+    const gchar* d = atk_object_get_description(Atk(w));
+    return d ? d : "";
+}
+std::string Nombre(wxWindow* w) {
+    const gchar* n = atk_object_get_name(Atk(w));
+    return n ? n : "";
+}
+
+class Enfocable : public wxWindow {
+public:
+    explicit Enfocable(wxWindow* madre) : wxWindow(madre, wxID_ANY, wxPoint(0, 0), wxSize(50, 30)) {}
+    bool AcceptsFocus() const override { return true; }
+};
+
+class Anuncios : public ::testing::Test {
+protected:
+    void SetUp() override {
+        anunciador = CrearAnunciador();
+        marco = new wxFrame(nullptr, wxID_ANY, "Prueba");
+        lienzo = new Enfocable(marco);
+        texto = new wxTextCtrl(marco, wxID_ANY, "", wxPoint(0, 40), wxSize(200, 80), wxTE_MULTILINE);
+    }
+    void TearDown() override { delete marco; }
+    void MostrarCon(wxWindow* foco) {
+        marco->Show();
+        foco->SetFocus();
+        ASSERT_TRUE(EsperarHasta([&] { return marco->IsActive() && wxWindow::FindFocus() == foco; }));
+    }
+
+    std::unique_ptr<Anunciador> anunciador;
+    wxFrame* marco = nullptr;
+    wxWindow* lienzo = nullptr;
+    wxTextCtrl* texto = nullptr;
+};
+
+TEST_F(Anuncios, ElMismoTextoDosVecesSigueSiendoUnCambio) {
+    MostrarCon(lienzo);
+    anunciador->Anunciar(lienzo, "Casilla central");
+    EXPECT_EQ(Descripcion(lienzo), "Casilla central");
+    anunciador->Anunciar(lienzo, "Casilla central");
+    EXPECT_EQ(Descripcion(lienzo), "Casilla central ");
+    anunciador->Anunciar(lienzo, "Casilla central");
+    EXPECT_EQ(Descripcion(lienzo), "Casilla central");
+    anunciador->Anunciar(lienzo, wxString::FromUTF8("Énter\r\nsí"));
+    EXPECT_EQ(Descripcion(lienzo), "Énter\r\nsí");
+}
+
+TEST_F(Anuncios, SeDiceAtravesDeLoQueTieneElFoco) {
+    MostrarCon(texto);
+    anunciador->Anunciar(lienzo, "hola");
+    EXPECT_EQ(Descripcion(texto), "hola");
+}
+
+TEST_F(Anuncios, SinVentanaActivaElTextoQuedaEnElControl) {
+    anunciador->Anunciar(lienzo, "para luego");
+    EXPECT_EQ(Descripcion(lienzo), "para luego");
+}
+
+TEST_F(Anuncios, NombrarDaNombreDescripcionYPapelAUnControlVacio) {
+    anunciador->Nombrar(lienzo, "Tablero", "Casilla central");
+    EXPECT_EQ(Nombre(lienzo), "Tablero");
+    EXPECT_EQ(Descripcion(lienzo), "Casilla central");
+    EXPECT_EQ(atk_object_get_role(Atk(lienzo)), ATK_ROLE_PANEL);
+}
+
+TEST(AnunciosCajas, ElCuadroDeMensajeLlevaTituloYTextoEnteros) {
+    prueba_gui::CarpetaPrograma carpeta;
+    auto anunciador = CrearAnunciador();
+    PlataformaWx plataforma(carpeta.Ruta(), *anunciador);
+    prueba_gui::Vigilante vigilante(nullptr);
+    std::string nombre, descripcion, botonDice;
+    vigilante.espera = [](const DialogoVisto&) { return 600; };
+    vigilante.contestar = [&](const DialogoVisto&) {
+        wxWindow* foco = wxWindow::FindFocus();
+        wxWindow* caja = wxGetTopLevelParent(foco);
+        nombre = Nombre(caja);
+        descripcion = Descripcion(caja);
+        botonDice = Descripcion(foco);
+        return WXK_RETURN;
+    };
+    const std::string texto = "Alguno/s de los ficheros \r\nEntre en el menú.";
+    EXPECT_EQ(plataforma.MsgBox(texto, 48, "Atención"), 1);
+    EXPECT_EQ(nombre, "Atención");
+    EXPECT_EQ(descripcion, texto);
+    // Tras el texto se dice el botón que tiene el foco.
+    EXPECT_EQ(botonDice, "Aceptar");
+}
+
+TEST(AnunciosVentana, Picture1SeLlamaTableroYDiceLoQueMuestraText1) {
+    prueba_gui::CarpetaPrograma carpeta;
+    ProgramaWx programa(carpeta.Ruta());
+    prueba_gui::Vigilante vigilante([&]() -> wxWindow* { return programa.ventana(); });
+    programa.Arrancar();
+    VentanaPrincipal* v = programa.ventana();
+    ASSERT_TRUE(EsperarHasta([&] { return v->IsActive() && v->FocoEnPicture1(); }));
+    EXPECT_EQ(Nombre(v->Picture1()), "Tablero");
+    EXPECT_EQ(atk_object_get_role(Atk(v->Picture1())), ATK_ROLE_PANEL);
+    // El texto del centro, puesto antes de que hubiera ventana, se oye al recibir el foco.
+    EXPECT_EQ(Descripcion(v->Picture1()), v->Text1()->GetValue().utf8_string());
+    const wxString antes = v->Text1()->GetValue();
+    prueba_gui::PulsarTecla(WXK_UP);
+    ASSERT_TRUE(EsperarHasta([&] { return v->Text1()->GetValue() != antes; }));
+    std::string dicho = Descripcion(v->Picture1());
+    if (!dicho.empty() && dicho.back() == ' ' && v->Text1()->GetValue().utf8_string() + " " == dicho) dicho.pop_back();
+    EXPECT_EQ(dicho, v->Text1()->GetValue().utf8_string());
+}
+
+}  // namespace
+#endif
