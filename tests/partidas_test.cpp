@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/ficheros_averiados.h"
 #include "apoyo/juego_prueba.h"
 #include "storage/cp1252.h"
@@ -23,29 +24,7 @@ const std::string kErrorCarga =
     "Se produjo un error al cargar el archivo. Indique otro nombre de archivo o pulse en cancelar";
 const std::string kNoEncontrada = "No se encuentra ese archivo de partida";
 
-const std::vector<std::string> kLineasEjemplo = {
-    "2,3,2",
-    "\"Cine\",\"Cine \",1",
-    "\"Deportes\",\"Deportes \",2",
-    "\"Historia\",\"Historia \",3",
-    "\"Literatura\",\"Literatura \",4",
-    "\"Ciencia\",\"Ciencia \",5",
-    "\"Mezcla\",\"Cajón de sastre \",6",
-    "12,1",
-    "#TRUE#,3,4",
-    "#FALSE#,0,2",
-    "#FALSE#,1,1",
-    "#FALSE#,0,0",
-    "#FALSE#,2,3",
-    "#FALSE#,1,2",
-    "37,0",
-    "#FALSE#,0,1",
-    "#FALSE#,1,1",
-    "#FALSE#,0,0",
-    "#FALSE#,0,2",
-    "#FALSE#,1,1",
-    "#FALSE#,0,0",
-};
+const std::vector<std::string> kLineasEjemplo = prueba::LineasDeDatos("partida_ejemplo.txt");
 
 // Las líneas en Windows-1252, cada una con su CR LF.
 std::string Fichero(const std::vector<std::string>& lineas) {
@@ -328,48 +307,20 @@ std::vector<Rota> PartidasRotas() {
     rotas.push_back({"SoloLF", lf});
     rotas.push_back({"SoloCR", cr});
     rotas.push_back({"UnaLineaConLF", Fichero(Cambiar(kLineasEjemplo, 8, "#TRUE#,3,4\n#FALSE#,0,2"))});
-    const std::pair<const char*, std::pair<std::size_t, const char*>> cambios[] = {
-        {"NumeroEnorme", {0, "2,3,99999999999999999999"}},
-        {"JugadoresDe32768", {0, "32768,3,2"}},
-        {"CeroJugadores", {0, "0,3,1"}},
-        {"SieteJugadores", {0, "7,3,2"}},
-        {"JugadorActualCero", {0, "2,3,0"}},
-        {"JugadorActualDeMas", {0, "2,3,3"}},
-        {"QuesitosNegativos", {0, "2,-1,2"}},
-        {"SieteQuesitos", {0, "2,7,2"}},
-        {"TresJugadoresConDatosDeDos", {0, "3,3,2"}},
-        {"UnJugadorConDatosDeDos", {0, "1,3,1"}},
-        {"CampoDeMasEnLaCabecera", {0, "2,3,2,1"}},
-        {"CadenaEnLaCabecera", {0, "\"2\",3,2"}},
-        {"CanalSiete", {3, "\"Historia\",\"Historia \",7"}},
-        {"CanalNegativo", {3, "\"Historia\",\"Historia \",-1"}},
-        {"NumeroEnVezDeNombre", {2, "5,\"Deportes \",2"}},
-        {"NombreSinComillas", {2, "Deportes,\"Deportes \",2"}},
-        {"NombreSinCerrar", {6, "\"Mezcla,\"Cajón de sastre \",6"}},
-        {"FichaEnLa79", {7, "79,1"}},
-        {"FichaNegativa", {14, "-1,0"}},
-        {"FichaEnorme", {14, "99999,0"}},
-        {"QuesitosQueNoCuadran", {7, "12,2"}},
-        {"QuesitosNegativos2", {14, "37,-1"}},
-        {"AciertosNegativos", {9, "#FALSE#,-1,2"}},
-        {"MasAciertosQuePreguntas", {10, "#FALSE#,2,1"}},
-        {"PreguntasNegativas", {15, "#FALSE#,0,-1"}},
-        {"NumeroEnVezDeBooleano", {8, "-1,3,4"}},
-        {"BooleanoEnVezDeNumero", {9, "#FALSE#,#FALSE#,2"}},
-        {"BooleanoEnMinusculas", {8, "#true#,3,4"}},
-        {"CadenaEnVezDeBooleano", {8, "\"#TRUE#\",3,4"}},
-        {"FaltaUnCampo", {16, "#FALSE#,1"}},
-        {"SobraUnCampo", {16, "#FALSE#,1,1,1"}},
-        {"CampoVacio", {16, "#FALSE#,,1"}},
-        {"Decimal", {16, "#FALSE#,1,1.5"}},
-    };
-    for (const auto& [nombre, cambio] : cambios)
-        rotas.push_back({nombre, Fichero(Cambiar(kLineasEjemplo, cambio.first, cambio.second))});
+    // Una línea del ejemplo cambiada por otra.
+    for (const std::string& fila : prueba::LineasDeDatos("partidas_rotas.txt")) {
+        const std::size_t barra1 = fila.find('|'), barra2 = fila.find('|', barra1 + 1);
+        rotas.push_back({fila.substr(0, barra1),
+                         Fichero(Cambiar(kLineasEjemplo, std::stoul(fila.substr(barra1 + 1, barra2 - barra1 - 1)),
+                                         fila.substr(barra2 + 1)))});
+    }
     return rotas;
 }
 
 TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
-    for (const Rota& rota : PartidasRotas()) {
+    const std::vector<Rota> rotas = PartidasRotas();
+    ASSERT_EQ(rotas.size(), 63u);
+    for (const Rota& rota : rotas) {
         JuegoPrueba jp;
         PartidaEnJuego(jp);
         jp.p.carpeta.Escribir("rota.sav", rota.bytes);
