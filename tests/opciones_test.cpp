@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/ficheros_averiados.h"
 #include "apoyo/plataforma_guion.h"
 #include "storage/canales.h"
@@ -118,60 +119,26 @@ TEST(Opciones, UsaElPrimerCanalLibreYLoCierra) {
     EXPECT_EQ(kEjemplo, e.p.carpeta.Leer("Sabelot.ini"));
 }
 
-// Cada caso es un Sabelot.ini roto: se ignora entero, y el fichero se queda como está.
-struct Roto {
-    const char* nombre;
-    std::string bytes;
-};
-
-std::vector<Roto> FicherosRotos() {
+// Cada caso es un Sabelot.ini roto (tests/corpus/opciones_rotas, más uno enorme):
+// se ignora entero, y el fichero se queda como está.
+std::vector<std::pair<std::string, std::string>> FicherosRotos() {
+    auto rotos = prueba::FicherosDelCorpus("opciones_rotas");
     const std::string cat = "\"Cine\",\"Cine \",1" + C;
-    const std::string seis = cat + cat + cat + cat + cat + cat;
-    std::vector<Roto> rotos = {
-        {"Vacio", ""},
-        {"SoloPrimerRegistro", "3,4" + C},
-        {"FaltaElUltimoFinDeLinea", kEjemplo.substr(0, kEjemplo.size() - 2)},
-        {"CadenaSinCerrar", "3,4" + C + cat + cat + cat + cat + cat + "\"Cine\",\"Cine "},
-        {"Binario", std::string("\x00\x01\x02\xFF\xFE", 5) + "3,4" + C + seis},
-        {"NumeroEnorme", "99999999999999999999,4" + C + seis},
-        {"JugadoresDe32768", "32768,4" + C + seis},
-        {"CeroJugadores", "0,4" + C + seis},
-        {"SieteJugadores", "7,4" + C + seis},
-        {"CeroQuesitos", "3,0" + C + seis},
-        {"SieteQuesitos", "3,7" + C + seis},
-        {"CanalCero", "3,4" + C + cat + cat + "\"Cine\",\"Cine \",0" + C + cat + cat + cat},
-        {"CanalSiete", "3,4" + C + cat + cat + cat + cat + cat + "\"Cine\",\"Cine \",7" + C},
-        {"CanalNegativo", "3,4" + C + "\"Cine\",\"Cine \",-1" + C + cat + cat + cat + cat + cat},
-        {"CadenaDondeVaNumero", "\"3\",4" + C + seis},
-        {"NumeroDondeVaCadena", "3,4" + C + "1,\"Cine \",1" + C + cat + cat + cat + cat + cat},
-        {"BooleanoDondeVaNumero", "3,#TRUE#" + C + seis},
-        {"TextoSinComillas", "3,4" + C + "Cine,\"Cine \",1" + C + cat + cat + cat + cat + cat},
-        {"CampoDeMas", "3,4,1" + C + seis},
-        {"CampoDeMenos", "3,4" + C + "\"Cine\",1" + C + cat + cat + cat + cat + cat},
-        {"RegistroDeMas", "3,4" + C + seis + cat},
-        {"LineaEnBlanco", "3,4" + C + C + seis},
-        {"SoloLF",
-         "3,4\n\"Cine\",\"Cine \",1\n\"Cine\",\"Cine \",1\n\"Cine\",\"Cine \",1\n"
-         "\"Cine\",\"Cine \",1\n\"Cine\",\"Cine \",1\n\"Cine\",\"Cine \",1\n"},
-        {"SoloCR",
-         "3,4\r\"Cine\",\"Cine \",1\r\"Cine\",\"Cine \",1\r\"Cine\",\"Cine \",1\r"
-         "\"Cine\",\"Cine \",1\r\"Cine\",\"Cine \",1\r\"Cine\",\"Cine \",1\r"},
-        {"BlancoTrasLaComa", "3, 4" + C + seis},
-        {"TextoTrasLasComillas", "3,4" + C + "\"Cine\"x,\"Cine \",1" + C + cat + cat + cat + cat + cat},
-        {"Enorme", "3,4" + C + seis + std::string(200 * 1024, ' ')},
-    };
+    rotos.emplace_back("Enorme", "3,4" + C + cat + cat + cat + cat + cat + cat + std::string(200 * 1024, ' '));
     return rotos;
 }
 
 TEST(Opciones, FicheroRotoSeIgnoraEnteroYNoSeToca) {
-    for (const Roto& roto : FicherosRotos()) {
+    const auto rotos = FicherosRotos();
+    ASSERT_EQ(rotos.size(), 27u);
+    for (const auto& [nombre, bytes] : rotos) {
         Entorno e;
-        e.p.carpeta.Escribir("Sabelot.ini", roto.bytes);
+        e.p.carpeta.Escribir("Sabelot.ini", bytes);
         PonerCentinelas(e.m);
         LeerOpciones(e.m, e.p, e.canales);
-        EsperarCentinelas(e.m, roto.nombre);
-        EXPECT_EQ(roto.bytes, e.p.carpeta.Leer("Sabelot.ini")) << roto.nombre;
-        EXPECT_EQ(1, e.canales.Libre()) << roto.nombre << ": el canal quedó abierto";
+        EsperarCentinelas(e.m, nombre);
+        EXPECT_EQ(bytes, e.p.carpeta.Leer("Sabelot.ini")) << nombre;
+        EXPECT_EQ(1, e.canales.Libre()) << nombre << ": el canal quedó abierto";
     }
 }
 
