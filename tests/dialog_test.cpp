@@ -1,6 +1,8 @@
 // Dialog: botones, rótulos, valores y foco según las opciones; la pregunta de salir.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "apoyo/plataforma_guion.h"
 #include "frontend/dialog.h"
 
@@ -48,51 +50,42 @@ protected:
 
 const std::string kCabeza = "Lanzas el dado y sacas un 4.\r\nPuedes ir a casillas de:\r\n";
 
-TEST_F(DialogTest, UnaOpcionEnElCentroDeLaPrimeraFila) {
-    Abrir(4, "21_", kCabeza + "Uno (abajo )\r\n");
-    EXPECT_EQ(Botones(), (std::vector<std::string>{"Uno (abajo )=21", "-", "-", "-", "-", "-", "-"}));
-    EXPECT_EQ(d.Foco, 0);
-    EXPECT_EQ(d.NumOpciones, 1);
-    // Hay que pulsarla: no se elige sola.
+// Dónde va cada opción según cuántas hay; el foco en la primera visible; hay que pulsar.
+struct Disposicion {
+    int valorEnDado;
+    std::string lista, lineas;
+    std::vector<std::string> botones;
+    int foco, pulsado, elegido;
+};
+
+class DisposicionTest : public DialogTest, public ::testing::WithParamInterface<Disposicion> {};
+
+TEST_P(DisposicionTest, BotonesFocoYValorElegido) {
+    const Disposicion& c = GetParam();
+    Abrir(c.valorEnDado, c.lista, kCabeza + c.lineas);
+    EXPECT_EQ(Botones(), c.botones);
+    EXPECT_EQ(d.Foco, c.foco);
+    EXPECT_EQ(d.NumOpciones, static_cast<int>(7 - std::count(c.botones.begin(), c.botones.end(), "-")));
     EXPECT_TRUE(d.Cargado);
     EXPECT_EQ(m.ValorElegido, -1);
-    d.Command1_Click(0);
-    EXPECT_EQ(m.ValorElegido, 21);
-    EXPECT_FALSE(d.Cargado);
-}
-
-TEST_F(DialogTest, DosOpcionesAIzquierdaYDerechaConElCentroVacio) {
-    Abrir(2, "0_14_", kCabeza + "Centro (arriba )\r\nOtra (abajo )\r\n");
-    EXPECT_EQ(Botones(),
-              (std::vector<std::string>{"-", "Centro (arriba )=0", "Otra (abajo )=14", "-", "-", "-", "-"}));
-    EXPECT_EQ(d.Foco, 1);
-    d.Command1_Click(1);
-    // El centro del tablero es una casilla como otra: se cierra sin preguntar.
-    EXPECT_EQ(m.ValorElegido, 0);
+    d.Command1_Click(c.pulsado);
+    // También el centro del tablero (0) se elige sin preguntar nada.
+    EXPECT_EQ(m.ValorElegido, c.elegido);
     EXPECT_FALSE(d.Cargado);
     EXPECT_TRUE(p.mensajes.empty());
-
-    Abrir(2, "0_14_", kCabeza + "Centro (arriba )\r\nOtra (abajo )\r\n");
-    d.Command1_Click(2);
-    EXPECT_EQ(m.ValorElegido, 14);
 }
 
-TEST_F(DialogTest, TresOpcionesCentroIzquierdaDerecha) {
-    Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
-    EXPECT_EQ(Botones(), (std::vector<std::string>{"a=40", "b=45", "c=14", "-", "-", "-", "-"}));
-    EXPECT_EQ(d.Foco, 0);
-    d.Command1_Click(2);
-    EXPECT_EQ(m.ValorElegido, 14);
-}
+const std::vector<std::string> kDos = {"-", "Centro (arriba )=0", "Otra (abajo )=14", "-", "-", "-", "-"};
 
-TEST_F(DialogTest, SieteOpcionesLlenanLasTresFilas) {
-    Abrir(6, "15_20_25_30_35_78_37_", kCabeza + "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n");
-    EXPECT_EQ(Botones(),
-              (std::vector<std::string>{"1=15", "2=20", "3=25", "4=30", "5=35", "6=78", "7=37"}));
-    EXPECT_EQ(d.Foco, 0);
-    d.Command1_Click(6);
-    EXPECT_EQ(m.ValorElegido, 37);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Dialog, DisposicionTest,
+    ::testing::Values(
+        Disposicion{4, "21_", "Uno (abajo )\r\n", {"Uno (abajo )=21", "-", "-", "-", "-", "-", "-"}, 0, 0, 21},
+        Disposicion{2, "0_14_", "Centro (arriba )\r\nOtra (abajo )\r\n", kDos, 1, 1, 0},
+        Disposicion{2, "0_14_", "Centro (arriba )\r\nOtra (abajo )\r\n", kDos, 1, 2, 14},
+        Disposicion{3, "40_45_14_", "a\r\nb\r\nc\r\n", {"a=40", "b=45", "c=14", "-", "-", "-", "-"}, 0, 2, 14},
+        Disposicion{6, "15_20_25_30_35_78_37_", "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n",
+                    {"1=15", "2=20", "3=25", "4=30", "5=35", "6=78", "7=37"}, 0, 6, 37}));
 
 TEST_F(DialogTest, TituloSegunValorEnDado) {
     const struct {

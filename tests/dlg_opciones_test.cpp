@@ -709,12 +709,9 @@ TEST_F(FlujoOpcionesTest, AceptarConTresJugadores) {
         d.Pulsar(C::OKButton);
     };
     j.Tecla('O', 2);
+    // Las tablas a la medida de los jugadores las mira Teclado.OpcionesAceptadasConTresJugadores.
     EXPECT_EQ(j.p.opcionesMostradas, 1);
     EXPECT_EQ(j.m().NumJugadores, 3);
-    EXPECT_EQ(j.m().Preguntas.Jugadores(), 3);
-    EXPECT_EQ(j.m().Aciertos.Jugadores(), 3);
-    EXPECT_EQ(j.m().QuesitoGanado.Jugadores(), 3);
-    EXPECT_EQ(j.m().NumQuesitos.Limite(), 3);
     EXPECT_EQ(j.f().CasillaCursor, 0);
 }
 
@@ -725,8 +722,13 @@ TEST_F(FlujoOpcionesTest, CancelarDejaUnJugador) {
         d.Tecla(C::List1_0, kAbajo, 0);
         d.Pulsar(C::CancelButton);
     };
+    j.f().PosicionFicha = {0, 30, 12, 0, 0, 0, 0};
+    j.f().CasillaCursor = 16;
     const std::string ini = j.p.carpeta.Leer("Sabelot.ini");
     j.Tecla('O', 2);
+    // Cancelar no devuelve la partida: queda una nueva de un jugador.
+    EXPECT_EQ(j.f().PosicionFicha, (std::array<int, 7>{}));
+    EXPECT_EQ(j.f().CasillaCursor, 0);
     EXPECT_EQ(j.m().NumJugadores, 1);
     EXPECT_EQ(j.m().Preguntas.Jugadores(), 1);
     EXPECT_EQ(j.m().NumQuesitos.Limite(), 1);

@@ -376,22 +376,5 @@ TEST(Teclado, OpcionesConNoNoTocanNada) {
     EXPECT_EQ(2, jp.f().JugadorActual);
 }
 
-TEST(Teclado, OpcionesCanceladasDejanUnJugador) {
-    JuegoPrueba jp;
-    Preparar(jp, 4);
-    jp.m().QuesitosParaGanar = 3;
-    jp.f().PosicionFicha = {0, 30, 12, 5, 16, 0, 0};
-    jp.f().CasillaCursor = 16;
-    jp.p.siNo.push_back(vbYes);
-    jp.p.alMostrarDlgOpciones = [](DlgOpciones&) {};  // se cancela: no cambia nada
-    jp.Tecla(vbKeyO, vbCtrlMask);
-    EXPECT_EQ(1, jp.m().NumJugadores);
-    EXPECT_EQ(3, jp.m().QuesitosParaGanar);
-    EXPECT_EQ(1, jp.m().NumQuesitos.Limite());
-    EXPECT_EQ(1, jp.m().Preguntas.Jugadores());
-    EXPECT_EQ((std::array<int, 7>{}), jp.f().PosicionFicha);
-    EXPECT_EQ(0, jp.f().CasillaCursor);
-}
-
 }  // namespace
 }  // namespace sabelot
