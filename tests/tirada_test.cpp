@@ -130,71 +130,13 @@ TEST_F(TiradaTest, DeDosASieteDestinosDistintosYNuncaLaPropiaCasilla) {
     }
 }
 
+// Lo que dice el diálogo de destinos: tests/corpus/textos_destinos/casillaCC_dadoD.txt.
 TEST_F(TiradaTest, TextosDeDestinos) {
-    const std::string cabeza = "Puedes ir a casillas de:\r\n";
-    const struct {
-        int casilla, dado;
-        std::string texto;
-    } casos[] = {
-        {0, 1,
-         "Lanzas el dado y sacas un 1.\r\n" + cabeza +
-             " Cine \r\n Deportes y espectáculos \r\n Historia \r\n Literatura \r\n"
-             " Ciencias sociales \r\n Cotilleos \r\n"},
-        {0, 2,
-         "Lanzas el dado y sacas un 2.\r\n" + cabeza +
-             " Deportes y espectáculos  (abajo )\r\n"
-             " Historia  (abajo )\r\n"
-             " Literatura  (abajo )\r\n"
-             " Ciencias sociales  (abajo )\r\n"
-             " Cotilleos  (abajo )\r\n"
-             " Cine  (abajo )\r\n"},
-        {0, 6,
-         "Lanzas el dado y sacas un 6.\r\n" + cabeza +
-             "Quesito  Cotilleos  (abajo )\r\n"
-             "Quesito  Cine  (abajo )\r\n"
-             "Quesito  Deportes y espectáculos  (abajo )\r\n"
-             "Quesito  Historia  (abajo )\r\n"
-             "Quesito  Literatura  (abajo )\r\n"
-             "Quesito  Ciencias sociales  (abajo )\r\n"},
-        {1, 1,
-         "Lanzas el dado y sacas un 1.\r\n" + cabeza +
-             " Deportes y espectáculos  (abajo )\r\n"
-             " Casilla central  (arriba )\r\n"},
-        {1, 2,
-         "Lanzas el dado y sacas un 2.\r\n" + cabeza +
-             " Deportes y espectáculos  (abajo  - pasando por el centro)\r\n"
-             " Historia  (abajo  - pasando por el centro)\r\n"
-             " Literatura  (abajo  - pasando por el centro)\r\n"
-             " Ciencias sociales  (abajo  - pasando por el centro)\r\n"
-             " Cotilleos  (abajo  - pasando por el centro)\r\n"
-             " Historia  (abajo )\r\n"},
-        {1, 6,
-         "Lanzas el dado y sacas un 6.\r\n" + cabeza +
-             " Cotilleos  (abajo  - pasando por el centro)\r\n"
-             " Cine  (abajo  - pasando por el centro)\r\n"
-             " Deportes y espectáculos  (abajo  - pasando por el centro)\r\n"
-             " Historia  (abajo  - pasando por el centro)\r\n"
-             " Literatura  (abajo  - pasando por el centro)\r\n"
-             " Literatura  (derecha )\r\n"
-             " Cine  (izquierda )\r\n"},
-        {11, 6,
-         "Lanzas el dado y sacas un 6.\r\n" + cabeza +
-             " Casilla central  (arriba )\r\n"
-             " casilla de dados  (derecha )\r\n"
-             " casilla de dados  (izquierda )\r\n"},
-        {43, 3,
-         "Lanzas el dado y sacas un 3.\r\n" + cabeza +
-             " Historia  (derecha )\r\n"
-             " casilla de dados  (izquierda )\r\n"
-             " Ciencias sociales  (arriba )\r\n"},
-        {42, 1,
-         "Lanzas el dado y sacas un 1.\r\n" + cabeza +
-             " Literatura  (derecha )\r\n"
-             " Ciencias sociales  (izquierda )\r\n"},
-    };
-    for (const auto& c : casos) {
-        EXPECT_EQ(Buscar(c.casilla, c.dado).texto, c.texto)
-            << "casilla " << c.casilla << ", dado " << c.dado;
+    const auto textos = prueba::FicherosDelCorpus("textos_destinos");
+    ASSERT_EQ(textos.size(), 9u);
+    for (const auto& [nombre, texto] : textos) {
+        const int casilla = std::stoi(nombre.substr(7, 2)), dado = std::stoi(nombre.substr(14, 1));
+        EXPECT_EQ(Buscar(casilla, dado).texto, texto) << nombre;
     }
 }
 
