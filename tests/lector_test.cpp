@@ -1,6 +1,10 @@
 // El lector del tablero: el texto exacto de cada casilla, que es lo que oye el jugador.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <sstream>
+
+#include "apoyo/datos_prueba.h"
 #include "apoyo/juego_prueba.h"
 
 namespace sabelot {
@@ -16,71 +20,37 @@ const std::array<std::string, 7> kEtiquetas = {
 };
 
 struct CasoCasilla {
-    const char* nombre;
+    std::string nombre;
     bool etiquetas;  // etiquetas de las opciones en vez de las propias
     int jugadores;
-    std::array<int, 7> fichas;
+    std::array<int, 7> fichas{};
     int posicion;
     int rumboCentro;
     bool anexas;
     std::string texto;
 };
 
-const std::array<int, 7> kTodasEnCentro{};
-
-// clang-format off
-const CasoCasilla kCasos[] = {
-    {"CentroAlEmpezar", false, 1, kTodasEnCentro, 0, 1, true,
-     "Casilla central" + C + " Cine arriba" + C + " Literatura  abajo " + C + "izquierda / derecha girar" +
-         C + "Todas las fichas."},
-    {"CentroSinAnexasIgual", false, 1, kTodasEnCentro, 0, 1, false,
-     "Casilla central" + C + " Cine arriba" + C + " Literatura  abajo " + C + "izquierda / derecha girar" +
-         C + "Todas las fichas."},
-    {"CentroMirandoAlRadio5", false, 1, kTodasEnCentro, 0, 5, true,
-     "Casilla central" + C + " Ciencias sociales arriba" + C + " Deportes y espectáculos  abajo " + C +
-         "izquierda / derecha girar" + C + "Todas las fichas."},
-    {"Casilla1ConFicha", false, 1, {0, 1, 0, 0, 0, 0, 0}, 1, 1, true,
-     "Casilla de Cine " + C + " Casilla central arriba" + C + " Deportes y espectáculos abajo" + C + C +
-         "Ficha del jugador 1"},
-    {"Casilla1SinAnexas", false, 1, {0, 1, 0, 0, 0, 0, 0}, 1, 1, false,
-     "Casilla de Cine " + C + C + "Ficha del jugador 1"},
-    {"Quesito16", false, 1, kTodasEnCentro, 16, 1, true,
-     "Quesito de  Cine " + C + " Cotilleos arriba" + C + " Ciencias sociales derecha" + C +
-         " Deportes y espectáculos izquierda"},
-    {"Quesito16SinAnexas", false, 1, kTodasEnCentro, 16, 1, false, "Quesito de  Cine " + C},
-    {"Casilla10ConQuesitoDebajo", false, 1, kTodasEnCentro, 10, 1, true,
-     "Casilla de Ciencias sociales " + C + " Literatura arriba" + C + " quesito de  Cotilleos abajo" + C},
-    {"Casilla37ConDadosALaIzquierda", false, 1, kTodasEnCentro, 37, 1, true,
-     "Casilla de Cine " + C + " quesito de  Cotilleos derecha" + C + " casilla de dados izquierda"},
-    {"Dados38", false, 1, kTodasEnCentro, 38, 1, true,
-     "Casilla de dados" + C + " Cine derecha" + C + " Deportes y espectáculos izquierda"},
-    {"Dados38ConFichaTrasIzquierda", false, 2, {0, 38, 0, 0, 0, 0, 0}, 38, 1, true,
-     "Casilla de dados" + C + " Cine derecha" + C + " Deportes y espectáculos izquierda" + C +
-         "Ficha del jugador 1"},
-    {"DosJugadoresUnoSalio", false, 2, {0, 7, 0, 0, 0, 0, 0}, 0, 1, true,
-     "Casilla central" + C + " Cine arriba" + C + " Literatura  abajo " + C + "izquierda / derecha girar" +
-         C + "Ficha del jugador 2"},
-    {"DosFichasEnUnaCasilla", false, 3, {0, 12, 0, 12, 0, 0, 0}, 12, 1, false,
-     "Casilla de Historia " + C + C + "Ficha del jugador 1" + C + "Ficha del jugador 3"},
-    {"FichaFueraDeJuegoNoSeCuenta", false, 1, {0, 0, 9, 0, 0, 0, 0}, 9, 1, false,
-     "Casilla de Literatura " + C},
-    // Con las etiquetas de las opciones.
-    {"EtiquetasCentro", true, 1, kTodasEnCentro, 0, 1, true,
-     "Casilla central" + C + "Cine arriba" + C + "Historia  abajo " + C + "izquierda / derecha girar" + C +
-         "Todas las fichas."},
-    {"EtiquetasCasilla1", true, 1, {0, 1, 0, 0, 0, 0, 0}, 1, 1, true,
-     "Casilla de Cine " + C + " Casilla central arriba" + C + "Deportes abajo" + C + C +
-         "Ficha del jugador 1"},
-    {"EtiquetasQuesito16", true, 1, kTodasEnCentro, 16, 1, true,
-     "Quesito de Cine " + C + "Cajón de sastre arriba" + C + "Ciencia derecha" + C + "Deportes izquierda"},
-    {"EtiquetasCasilla10", true, 1, kTodasEnCentro, 10, 1, true,
-     "Casilla de Ciencia " + C + "Historia arriba" + C + " quesito de Cajón de sastre abajo" + C},
-    {"EtiquetasCasilla37", true, 1, kTodasEnCentro, 37, 1, true,
-     "Casilla de Cine " + C + " quesito de Cajón de sastre derecha" + C + " casilla de dados izquierda"},
-    {"EtiquetasDados38", true, 1, kTodasEnCentro, 38, 1, true,
-     "Casilla de dados" + C + "Cine derecha" + C + "Deportes izquierda"},
-};
-// clang-format on
+// Los casos de tests/datos/casillas_habladas.txt.
+std::vector<CasoCasilla> Casos() {
+    std::vector<CasoCasilla> casos;
+    for (const std::string& fila : prueba::LineasDeDatos("casillas_habladas.txt")) {
+        std::istringstream campos(fila);
+        CasoCasilla c;
+        std::string fichas;
+        int etiquetas = 0, anexas = 0;
+        campos >> c.nombre >> etiquetas >> c.jugadores >> fichas >> c.posicion >> c.rumboCentro >> anexas;
+        c.etiquetas = etiquetas != 0;
+        c.anexas = anexas != 0;
+        std::replace(fichas.begin(), fichas.end(), ',', ' ');
+        std::istringstream f(fichas);
+        for (std::size_t i = 1; i <= 6; ++i) f >> c.fichas[i];
+        std::getline(campos.ignore(1), c.texto);
+        for (std::size_t i = c.texto.find('|'); i != std::string::npos; i = c.texto.find('|', i + 2))
+            c.texto.replace(i, 1, C);
+        casos.push_back(c);
+    }
+    return casos;
+}
 
 class DescribirCasillaTest : public ::testing::TestWithParam<CasoCasilla> {};
 
@@ -108,7 +78,9 @@ TEST_P(DescribirCasillaTest, TextoExacto) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Lector, DescribirCasillaTest, ::testing::ValuesIn(kCasos),
+TEST(Lector, LaTablaDeCasillasEstaEntera) { EXPECT_EQ(Casos().size(), 20u); }
+
+INSTANTIATE_TEST_SUITE_P(Lector, DescribirCasillaTest, ::testing::ValuesIn(Casos()),
                          [](const auto& info) { return std::string(info.param.nombre); });
 
 TEST(Lector, MenosUnoEsLaCasillaDelCursor) {
