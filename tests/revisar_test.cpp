@@ -2,8 +2,11 @@
 // lo que de verdad hace el lector del juego.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
+#include <sstream>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/juego_prueba.h"
 #include "apoyo/plataforma_guion.h"
 #include "questions/dialog1.h"
@@ -15,80 +18,33 @@ namespace {
 
 using prueba::Qzf;
 
-struct Esperado {
-    int linea;
-    std::string trozo;  // parte del texto del problema
-};
-
-struct CasoRevision {
-    const char* nombre;
-    std::string bytes;
-    std::vector<Esperado> problemas;
-    int preguntas, preguntables;
-};
-
-class Revision : public ::testing::TestWithParam<CasoRevision> {};
-
-TEST_P(Revision, ProblemasConSuLinea) {
-    const CasoRevision& c = GetParam();
-    RevisionQzf r = RevisarQzf(c.bytes);
-    std::string todos;
-    for (const auto& p : r.problemas) todos += std::to_string(p.linea) + ": " + p.texto + "\n";
-    ASSERT_EQ(c.problemas.size(), r.problemas.size()) << todos;
-    for (std::size_t i = 0; i < c.problemas.size(); ++i) {
-        EXPECT_EQ(c.problemas[i].linea, r.problemas[i].linea) << todos;
-        EXPECT_NE(std::string::npos, r.problemas[i].texto.find(c.problemas[i].trozo)) << todos;
+// Cada fichero de tests/corpus/revision con lo que se espera de él en tests/datos/revision.txt:
+// los problemas en orden, con su línea y parte de su texto.
+TEST(Revision, ProblemasConSuLinea) {
+    const auto ficheros = prueba::FicherosDelCorpus("revision");
+    const std::vector<std::string> filas = prueba::LineasDeDatos("revision.txt");
+    ASSERT_EQ(filas.size(), 20u);
+    ASSERT_EQ(ficheros.size(), filas.size());
+    for (const std::string& fila : filas) {
+        std::vector<std::string> campos;
+        std::istringstream s(fila);
+        for (std::string campo; std::getline(s, campo, '\t');) campos.push_back(campo);
+        const auto fichero = std::find_if(ficheros.begin(), ficheros.end(),
+                                          [&](const auto& f) { return f.first == campos[0] + ".qzf"; });
+        ASSERT_NE(fichero, ficheros.end()) << campos[0];
+        RevisionQzf r = RevisarQzf(fichero->second);
+        std::string todos = campos[0] + "\n";
+        for (const auto& p : r.problemas) todos += std::to_string(p.linea) + ": " + p.texto + "\n";
+        ASSERT_EQ(campos.size() - 3, r.problemas.size()) << todos;
+        for (std::size_t i = 3; i < campos.size(); ++i) {
+            const std::size_t dosPuntos = campos[i].find(':');
+            EXPECT_EQ(std::stoi(campos[i].substr(0, dosPuntos)), r.problemas[i - 3].linea) << todos;
+            EXPECT_NE(std::string::npos, r.problemas[i - 3].texto.find(campos[i].substr(dosPuntos + 1))) << todos;
+        }
+        EXPECT_EQ(std::stoi(campos[1]), r.preguntas) << campos[0];
+        EXPECT_EQ(std::stoi(campos[2]), r.preguntables) << campos[0];
     }
-    EXPECT_EQ(c.preguntas, r.preguntas);
-    EXPECT_EQ(c.preguntables, r.preguntables);
 }
-
-const std::string kBueno = Qzf({"Preguntas de prueba", "1>un encabezado puede tener de todo", "",
-                                "q>¿Cuántos lados tiene un hexágono?", "1>Cinco", "2>Seis", "a>2", "",
-                                "q>¿Qué planeta es el mayor?", "1>Marte", "2>Júpiter",
-                                "a>2 Tiene más masa que todos los demás juntos.", "",
-                                "q>Última, con comentario", "1>A", "a>1", "c>Puede ocupar", "",
-                                "1 varias líneas"});
-
-INSTANTIATE_TEST_SUITE_P(
-    Qzf, Revision,
-    ::testing::Values(
-        CasoRevision{"Bueno", kBueno, {}, 3, 3},
-        CasoRevision{"Vacio", "", {{1, "vacío"}}, 0, 0},
-        CasoRevision{"SinPreguntas", Qzf({"solo texto"}), {{1, "ninguna línea q>"}}, 0, 0},
-        CasoRevision{"Utf8",
-                     "q>\xC2\xBFQu\xC3\xA9?\r\n1>S\xC3\xAD\r\na>1\r\n",
-                     {{1, "UTF-8"}, {2, "UTF-8"}}, 1, 1},
-        // Con la marca delante, la primera línea ya no empieza por "q>": el juego no la ve.
-        CasoRevision{"MarcaUtf8", "\xEF\xBB\xBFq>P\r\n1>A\r\na>1\r\n",
-                     {{1, "BOM"}, {1, "UTF-8"}, {1, "ninguna línea q>"}}, 0, 0},
-        CasoRevision{"ByteSinDefinir", "q>P\x81\r\n1>A\r\na>1\r\n", {{1, "81"}}, 1, 1},
-        CasoRevision{"FinesDeLinea", "q>P\n1>A\ra>1\r\n\r\nq>Q\r\n1>B\r\na>1",
-                     {{1, "LF"}, {2, "CR"}, {7, "no termina en CR LF"}}, 2, 2},
-        CasoRevision{"SinRespuestas", Qzf({"q>P", "a>1", ""}), {{1, "no tiene respuestas"}}, 1, 0},
-        CasoRevision{"SinA", Qzf({"q>P", "1>A", ""}), {{1, "falta la línea a>"}}, 1, 0},
-        CasoRevision{"ASinNumero", Qzf({"q>P", "1>A", "a>uno", ""}), {{3, "no empieza por un número"}}, 1, 0},
-        CasoRevision{"AFueraDeRango", Qzf({"q>P", "1>A", "2>B", "a>3", ""}),
-                     {{4, "no existe"}}, 1, 0},
-        CasoRevision{"ACero", Qzf({"q>P", "1>A", "a>0", ""}), {{3, "no existe"}}, 1, 0},
-        CasoRevision{"RespuestaVacia", Qzf({"q>P", "1>A", "2>", "3>C", "a>2", ""}),
-                     {{3, "respuesta vacía"}}, 1, 1},
-        CasoRevision{"VariasA", Qzf({"q>P", "1>A", "a>1", "a>1", ""}), {{1, "2 líneas a>"}}, 1, 1},
-        CasoRevision{"Repetida", Qzf({"q>¿Qué es?", "1>A", "a>1", "", "q>  ¿QUÉ ES?", "1>B", "a>1", ""}),
-                     {{5, "repetida: ya está en la línea 1"}}, 2, 2},
-        CasoRevision{"PreguntaVacia", Qzf({"q>", "1>A", "a>1", ""}), {{1, "vacía"}}, 1, 1},
-        CasoRevision{"SinLineaEnBlanco", Qzf({"q>P", "1>A", "a>1", "q>Q", "1>B", "a>1", ""}),
-                     {{4, "falta una línea en blanco"}}, 2, 2},
-        CasoRevision{"TragadaPorComentario",
-                     Qzf({"q>P", "1>A", "a>1", "c>Comentario", "", "q>Q", "1>B", "a>1", ""}),
-                     {{6, "el comentario de la pregunta de la línea 1"}}, 2, 2},
-        CasoRevision{"LineaSuelta", Qzf({"q>P", "1>A", "", "2>B", "a>2", ""}),
-                     {{1, "falta la línea a>"}, {4, "fuera de cualquier pregunta"},
-                      {5, "fuera de cualquier pregunta"}},
-                     1, 0},
-        CasoRevision{"UltimaLinea", Qzf({"q>P", "1>A", "a>1", "", "q>Q"}),
-                     {{5, "última línea"}}, 2, 1}),
-    [](const ::testing::TestParamInfo<CasoRevision>& i) { return std::string(i.param.nombre); });
 
 // La revisión y el juego cuentan igual las preguntas que se pueden hacer: el lector
 // saca exactamente esas antes de dar la vuelta al mazo.
