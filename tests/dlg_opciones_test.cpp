@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "apoyo/ficheros_averiados.h"
 #include "apoyo/juego_prueba.h"
 #include "apoyo/plataforma_guion.h"
 #include "storage/canales.h"
@@ -35,29 +36,6 @@ std::string AyudaFicheros(int categoria) {
 const std::string kAvisoCarpetaVacia =
     "No hay ficheros de preguntas en la carpeta preguntas. Copie allí ficheros con la extensión .qzf y vuelva "
     "a abrir las opciones.";
-
-// Capa de ficheros que no deja escribir nada.
-class FicherosSoloLectura : public SistemaFicheros {
-public:
-    explicit FicherosSoloLectura(SistemaFicheros& real) : real_(real) {}
-    bool Existe(const std::string& r) override { return real_.Existe(r); }
-    bool EsCarpeta(const std::string& r) override { return real_.EsCarpeta(r); }
-    std::vector<std::string> Listar(const std::string& c, const std::string& e) override {
-        return real_.Listar(c, e);
-    }
-    std::unique_ptr<Fichero> Abrir(const std::string& r, ModoApertura modo, int& error) override {
-        if (modo == ModoApertura::Escritura) {
-            error = 75;
-            return nullptr;
-        }
-        return real_.Abrir(r, modo, error);
-    }
-    bool Renombrar(const std::string&, const std::string&) override { return false; }
-    bool Borrar(const std::string&) override { return false; }
-
-private:
-    SistemaFicheros& real_;
-};
 
 class DlgOpcionesTest : public ::testing::Test {
 protected:
@@ -668,7 +646,10 @@ TEST_F(DlgOpcionesTest, SinFicherosYSinNombresAceptarGuarda) {
 TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
     PlataformaGuion p;
     p.carpeta.Escribir("preguntas/cine.qzf", Qzf({"q>x", "1>y", "a>1"}));
-    FicherosSoloLectura soloLectura(p.Ficheros());
+    // Una carpeta donde no se puede escribir nada.
+    FicherosAveriados soloLectura(p.Ficheros());
+    soloLectura.fallaAbrirEscritura = true;
+    soloLectura.fallaRenombrar = true;
     p.ficheros = &soloLectura;
     Module1 m;
     Canales canales(p.Ficheros());
