@@ -1,6 +1,9 @@
 // El arranque: orden de los pasos, bienvenida, semilla y partida nueva.
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "apoyo/datos_prueba.h"
 #include "apoyo/juego_prueba.h"
 #include "engine/arranque.h"
 
@@ -13,37 +16,24 @@ const std::string kSegundaLinea =
     "Pulse Control o para modificar las opciones y F1 para ver la lista de teclas.\r\n"
     "Las categorías actualmente seleccionadas son: \r\n";
 
+// Los casos de tests/datos/bienvenida.txt.
 TEST(Bienvenida, TextoSegunJugadoresYQuesitos) {
-    const struct {
-        int jugadores, quesitos;
-        std::array<const char*, 7> etiquetas;
-        std::string texto;
-    } casos[] = {
-        {1, 1, {"", "Cine ", "Deportes ", "Historia ", "Libros ", "Sociedad ", "Cotilleos "},
-         "Partida de 1 jugador  que debe conseguir 1 quesito. \r\n" + kSegundaLinea +
-             "Cine,\r\nDeportes,\r\nHistoria,\r\nLibros,\r\nSociedad,\r\nCotilleos."},
-        {3, 6, {"", " Cine ", "Deportes y espectáculos ", "  Historia", "", "Ciencias sociales ", "Cotilleos "},
-         "Partida de 3 jugadores  que deben conseguir 6 quesitos. \r\n" + kSegundaLinea +
-             "Cine,\r\nDeportes y espectáculos,\r\nHistoria,\r\n,\r\nCiencias sociales,\r\nCotilleos."},
-        {6, 6, {"", "a ", "b ", "c ", "d ", "e ", "f "},
-         "Partida de 6 jugadores  que deben conseguir 6 quesitos. \r\n" + kSegundaLinea +
-             "a,\r\nb,\r\nc,\r\nd,\r\ne,\r\nf."},
-        {6, 1, {"", "a ", "b ", "c ", "d ", "e ", "f "},
-         "Partida de 6 jugadores  que deben conseguir 1 quesito. \r\n" + kSegundaLinea +
-             "a,\r\nb,\r\nc,\r\nd,\r\ne,\r\nf."},
-        {1, 6, {"", "", "", "", "", "", ""},
-         "Partida de 1 jugador  que debe conseguir 6 quesitos. \r\n" + kSegundaLinea +
-             ",\r\n,\r\n,\r\n,\r\n,\r\n."},
-        {1, 0, {"", "", "", "", "", "", ""},
-         "Partida de 1 jugador  que debe conseguir 0 quesitos. \r\n" + kSegundaLinea +
-             ",\r\n,\r\n,\r\n,\r\n,\r\n."},
-    };
-    for (const auto& c : casos) {
+    const std::vector<std::string> filas = prueba::LineasDeDatos("bienvenida.txt");
+    ASSERT_EQ(filas.size(), 6u);
+    for (const std::string& fila : filas) {
+        std::vector<std::string> campos;
+        std::istringstream s(fila);
+        for (std::string campo; std::getline(s, campo, '\t');) campos.push_back(campo);
+        ASSERT_EQ(campos.size(), 4u) << fila;
         Module1 m;
-        m.NumJugadores = c.jugadores;
-        m.QuesitosParaGanar = c.quesitos;
-        for (std::size_t t = 1; t <= 6; ++t) m.EtiquetaTema[t] = c.etiquetas[t];
-        EXPECT_EQ(MensajeBienvenida(m), c.texto) << c.jugadores << " " << c.quesitos;
+        m.NumJugadores = std::stoi(campos[0]);
+        m.QuesitosParaGanar = std::stoi(campos[1]);
+        std::istringstream etiquetas(campos[2]);
+        for (std::size_t t = 1; t <= 6; ++t) std::getline(etiquetas, m.EtiquetaTema[t], '|');
+        std::string texto = campos[3];
+        for (std::size_t i = texto.find('|'); i != std::string::npos; i = texto.find('|', i + 2))
+            texto.replace(i, 1, "\r\n");
+        EXPECT_EQ(MensajeBienvenida(m), texto) << fila;
     }
 }
 
