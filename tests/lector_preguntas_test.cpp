@@ -35,11 +35,6 @@ std::vector<std::string> Bueno(const std::string& pregunta) {
 }
 
 // Como Qzf, pero de una lista hecha a trozos.
-std::string Lineas(const std::vector<std::string>& lineas) {
-    std::string s;
-    for (const auto& l : lineas) s += Utf8ACp1252(l) + "\r\n";
-    return s;
-}
 
 class LectorPreguntas : public ::testing::Test {
 protected:
@@ -167,7 +162,7 @@ TEST_F(LectorPreguntas, SaltaLosRegistrosQueNoSePuedenJuzgar) {
         Dialog1 d2(m2, p2, c2);
         std::vector<std::string> lineas = malo;
         for (const auto& l : Bueno("Buena")) lineas.push_back(l);
-        std::string bytes = Lineas(lineas);
+        std::string bytes = prueba::Qzf(lineas);
         p2.carpeta.Escribir("preguntas/tema1.qzf", bytes);
         d2.NTema = 1;
         d2.AbrirFichero(false, false);
@@ -184,7 +179,7 @@ TEST_F(LectorPreguntas, SaltaLosRegistrosQueNoSePuedenJuzgar) {
 
 TEST_F(LectorPreguntas, MarcasEnHexadecimalDeLaPosicionTrasLaLinea) {
     // 411 letras y CR LF: la primera pregunta deja la lectura en el byte 419 = 1A3.
-    std::string bytes = Lineas({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b",
+    std::string bytes = prueba::Qzf({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b",
                                 "a>1", ""});
     Poner("tema1", bytes);
     AbrirArriba();
@@ -209,7 +204,7 @@ TEST_F(LectorPreguntas, MarcaBuscadaComoSubcadena) {
         {"1A2]", false},
     };
     std::string bytes =
-        Lineas({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b", "a>1", ""});
+        prueba::Qzf({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b", "a>1", ""});
     for (const auto& c : casos) {
         SCOPED_TRACE(c.mazo);
         prueba::PlataformaGuion p2;
@@ -285,7 +280,7 @@ TEST_F(LectorPreguntas, PasadasConYSinComentarios) {
                 for (const auto& l : Bueno(n)) lineas.push_back(l);
             }
         }
-        Poner("tema1", Lineas(lineas));
+        Poner("tema1", prueba::Qzf(lineas));
         m.MazoUsado[1].clear();
         p.mensajes.clear();
         d.NTema = 1;
@@ -304,7 +299,7 @@ TEST_F(LectorPreguntas, PasadasConYSinComentarios) {
 
 // La vuelta solo llega con más del 95 % contestado (de 100, hacen falta 96).
 TEST_F(LectorPreguntas, VueltaAlMazoEstrictamenteMasDel95) {
-    std::string bytes = Lineas({"q>P1", "1>a", "a>1", "", "q>P2", "1>a", "a>1", ""});
+    std::string bytes = prueba::Qzf({"q>P1", "1>a", "a>1", "", "q>P2", "1>a", "a>1", ""});
     for (int cuenta : {95, 96}) {
         SCOPED_TRACE(cuenta);
         Poner("tema1", bytes);
@@ -323,7 +318,7 @@ TEST_F(LectorPreguntas, VueltaAlMazoEstrictamenteMasDel95) {
 
 // Con una sola pregunta, el mensaje sale antes de cada repetición.
 TEST_F(LectorPreguntas, UnaSolaPreguntaDaLaVueltaCadaVez) {
-    Poner("tema1", Lineas(Bueno("Única")));
+    Poner("tema1", prueba::Qzf(Bueno("Única")));
     p.azar = {0.5, 0.5, 0.5, 0.5};
     for (int i = 0; i < 4; ++i) {
         p.respuestas.push_back(2);
@@ -345,7 +340,7 @@ TEST_F(LectorPreguntas, DaLaVueltaSiSoloQuedanRegistrosMalos) {
     for (const auto& n : {"P1", "P2", "P3"})
         for (const auto& l : Bueno(n)) lineas.push_back(l);
     for (const auto& l : {"q>Mala", "1>a", ""}) lineas.push_back(l);
-    Poner("tema1", Lineas(lineas));
+    Poner("tema1", prueba::Qzf(lineas));
     d.NTema = 1;
     d.ContarPreguntas();
     AbrirArriba();
@@ -362,7 +357,7 @@ TEST_F(LectorPreguntas, DaLaVueltaSiSoloQuedanRegistrosMalos) {
 TEST_F(LectorPreguntas, PreguntaEnLaUltimaLineaNoSeHace) {
     std::vector<std::string> lineas = Bueno("P1");
     lineas.push_back("q>Última");
-    Poner("tema1", Lineas(lineas));
+    Poner("tema1", prueba::Qzf(lineas));
     d.NTema = 1;
     d.ContarPreguntas();
     EXPECT_EQ(2, m.TotalMazo[1]);
@@ -376,7 +371,7 @@ TEST_F(LectorPreguntas, PreguntaEnLaUltimaLineaNoSeHace) {
 
 TEST_F(LectorPreguntas, ComienzoAlAzar) {
     const std::string bytes =
-        Lineas({"Encabezado", "q>P1", "1>a", "2>b", "a>1", "", "q>P2", "1>a", "a>1", "", "q>P3",
+        prueba::Qzf({"Encabezado", "q>P1", "1>a", "2>b", "a>1", "", "q>P2", "1>a", "a>1", "", "q>P3",
                 "1>a", "a>1", "c>Comentario", "con dos líneas"});
     const auto L = static_cast<double>(bytes.size());
     struct Caso {
@@ -409,7 +404,7 @@ TEST_F(LectorPreguntas, ComienzoAlAzar) {
 
 // Un canal abierto no se vuelve a abrir: AlAzar no hace nada.
 TEST_F(LectorPreguntas, CanalAbiertoSigueDondeEstaba) {
-    Poner("tema1", Lineas({"q>P1", "1>a", "a>1", "", "q>P2", "1>a", "a>1", ""}));
+    Poner("tema1", prueba::Qzf({"q>P1", "1>a", "a>1", "", "q>P2", "1>a", "a>1", ""}));
     AbrirArriba();
     EXPECT_EQ("P1", Sacar());
     p.azar = {0.0};
@@ -422,7 +417,7 @@ TEST_F(LectorPreguntas, CanalAbiertoSigueDondeEstaba) {
 
 TEST_F(LectorPreguntas, DosTemasCompartenCanalPeroNoMazo) {
     const std::string bytes =
-        Lineas({"q>P1", "1>a", "a>1", "", "q>P2", "1>a", "a>1", "", "q>P3", "1>a", "a>1", ""});
+        prueba::Qzf({"q>P1", "1>a", "a>1", "", "q>P2", "1>a", "a>1", "", "q>P3", "1>a", "a>1", ""});
     Poner("comun", bytes);
     m.FicheroTema[1] = m.FicheroTema[2] = "comun";
     m.CanalTema[1] = m.CanalTema[2] = 3;
@@ -461,7 +456,7 @@ TEST_F(LectorPreguntas, FallosAlAbrir) {
          kNoSeEncuentra},
         {"canal 0",
          [](prueba::PlataformaGuion& pp, Module1& mm) {
-             pp.carpeta.Escribir("preguntas/tema1.qzf", Lineas(Bueno("P")));
+             pp.carpeta.Escribir("preguntas/tema1.qzf", prueba::Qzf(Bueno("P")));
              mm.CanalTema[1] = 0;
          },
          kErrorAlAbrir},
@@ -495,7 +490,7 @@ TEST_F(LectorPreguntas, FallosAlAbrir) {
 
 // Si el fichero se cuenta bien pero desaparece antes de abrirlo, un solo mensaje.
 TEST_F(LectorPreguntas, FicheroQueDesapareceTrasContar) {
-    Poner("tema1", Lineas(Bueno("P")));
+    Poner("tema1", prueba::Qzf(Bueno("P")));
     m.TotalMazo[1] = 1;
     m.FicheroTema[1] = "otro";
     d.NTema = 1;
@@ -508,14 +503,14 @@ TEST_F(LectorPreguntas, FicheroQueDesapareceTrasContar) {
 TEST_F(LectorPreguntas, FicheroSinPreguntasValidasSePara) {
     const std::vector<std::pair<const char*, std::string>> casos = {
         {"vacío", ""},
-        {"sin q>", Lineas({"Solo texto", "1>a", "a>1"})},
-        {"q> en la última línea", Lineas({"Encabezado", "q>Sola"})},
+        {"sin q>", prueba::Qzf({"Solo texto", "1>a", "a>1"})},
+        {"q> en la última línea", prueba::Qzf({"Encabezado", "q>Sola"})},
         {"q> sin fin de línea", "q>Sola"},
-        {"todas sin respuestas", Lineas({"q>A", "", "q>B", "a>1", "", "q>C", "c>x"})},
-        {"todas con a> mala", Lineas({"q>A", "1>a", "a>3", "", "q>B", "1>b", "a>x", "", "q>C",
+        {"todas sin respuestas", prueba::Qzf({"q>A", "", "q>B", "a>1", "", "q>C", "c>x"})},
+        {"todas con a> mala", prueba::Qzf({"q>A", "1>a", "a>3", "", "q>B", "1>b", "a>x", "", "q>C",
                                        "1>c", ""})},
         {"comentarios que se tragan",
-         Lineas({"q>A", "c>x", "q>B", "c>y", "q>C", "1>a", "a>2", ""})},
+         prueba::Qzf({"q>A", "c>x", "q>B", "c>y", "q>C", "1>a", "a>2", ""})},
     };
     for (const auto& [nombre, bytes] : casos) {
         SCOPED_TRACE(nombre);
@@ -545,7 +540,7 @@ TEST_F(LectorPreguntas, FicheroSinPreguntasValidasSePara) {
 // ---- Cuenta ----
 
 TEST_F(LectorPreguntas, ContarPreguntas) {
-    Poner("tema1", Lineas({"Q>uno", "q>dos", "xq>no", " q>no", "q>", "c>q> no", "q>tres"}));
+    Poner("tema1", prueba::Qzf({"Q>uno", "q>dos", "xq>no", " q>no", "q>", "c>q> no", "q>tres"}));
     m.CuentaMazo[1] = 7;
     AbrirArriba();
     d.ContarPreguntas();

@@ -4,7 +4,7 @@
 
 namespace sabelot::prueba {
 
-std::string Qzf(std::initializer_list<std::string> lineas) {
+std::string Qzf(const std::vector<std::string>& lineas) {
     std::string s;
     for (const auto& l : lineas) s += Utf8ACp1252(l) + "\r\n";
     return s;

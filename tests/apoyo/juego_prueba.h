@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "apoyo/plataforma_guion.h"
 #include "engine/juego.h"
@@ -13,7 +14,7 @@ namespace sabelot::prueba {
 void PonerDatosMinimos(const CarpetaTemporal& carpeta, int jugadores = 1, int quesitos = 6);
 
 // Un fichero .qzf (texto UTF-8 que se guarda en Windows-1252, líneas con CRLF).
-std::string Qzf(std::initializer_list<std::string> lineas);
+std::string Qzf(const std::vector<std::string>& lineas);
 
 class JuegoPrueba {
 public:
