@@ -1,54 +1,108 @@
-// Anuncios en Windows: notificaciones de UI Automation (Windows 10 1709 y posteriores), que
-// dicen Narrador, NVDA y JAWS. Las funciones se buscan al correr, así que en un Windows
-// anterior el programa arranca igual, solo que sin anuncios.
-#include <windows.h>
-
-#include <oleauto.h>
-
+// Anuncios en Windows: el puente entre las ventanas wxWidgets y la cadena de lectores
+// (lectores_win.cpp), que no sabe nada de wxWidgets.
 #include "anuncio.h"
+
+#include <wx/app.h>
+#include <wx/control.h>
+#include <wx/msw/wrapwin.h>
+
+#if wxUSE_ACCESSIBILITY
+#include <wx/access.h>
+#endif
+
+#include <memory>
+
+#include "lectores_win.h"
 
 namespace {
 
-using HostProviderFromHwnd = HRESULT(WINAPI*)(HWND, IUnknown**);
-using RaiseNotificationEvent = HRESULT(WINAPI*)(IUnknown*, int, int, BSTR, BSTR);
+HWND Ventana(wxWindow* w) { return w ? reinterpret_cast<HWND>(w->GetHWND()) : nullptr; }
 
-constexpr int kNotificationKindOther = 4;
-constexpr int kNotificationProcessingImportantAll = 0;
+#if wxUSE_ACCESSIBILITY
+// Nombre y descripción propios para MSAA sin tocar lo que se ve: lo que no se fija aquí lo
+// sigue contestando Windows como siempre.
+class Accesible : public wxAccessible {
+public:
+    explicit Accesible(wxWindow* w) : wxAccessible(w) {}
+
+    wxAccStatus GetName(int hijo, wxString* nombre) override {
+        if (hijo != wxACC_SELF || nombre_.empty()) return wxACC_NOT_IMPLEMENTED;
+        *nombre = nombre_;
+        return wxACC_OK;
+    }
+    wxAccStatus GetDescription(int hijo, wxString* descripcion) override {
+        if (hijo != wxACC_SELF || descripcion_.empty()) return wxACC_NOT_IMPLEMENTED;
+        *descripcion = descripcion_;
+        return wxACC_OK;
+    }
+
+    wxString nombre_;
+    wxString descripcion_;
+};
+
+// El objeto propio del control, creado la primera vez.
+Accesible* AccesibleDe(wxWindow* w) {
+    if (!w) return nullptr;
+    if (auto* a = dynamic_cast<Accesible*>(w->GetAccessible())) return a;
+    auto* a = new Accesible(w);
+    w->SetAccessible(a);  // la ventana se queda con él
+    return a;
+}
+#endif
 
 class AnunciadorWin : public Anunciador {
 public:
     AnunciadorWin() {
-        if (HMODULE uia = LoadLibraryW(L"UIAutomationCore.dll")) {
-            proveedor_ = reinterpret_cast<HostProviderFromHwnd>(
-                reinterpret_cast<void*>(GetProcAddress(uia, "UiaHostProviderFromHwnd")));
-            notificar_ = reinterpret_cast<RaiseNotificationEvent>(
-                reinterpret_cast<void*>(GetProcAddress(uia, "UiaRaiseNotificationEvent")));
-        }
+        // En la vía MSAA el texto va al nombre accesible, no al texto de la ventana, que en
+        // un botón es lo que se ve.
+        cadena_.PonerNombre = [this](HWND v, const std::wstring& texto) {
+            wxWindow* w = actual_;
+#if wxUSE_ACCESSIBILITY
+            if (Accesible* a = AccesibleDe(w)) {
+                a->nombre_ = wxString(texto.c_str());
+                return;
+            }
+#endif
+            // Sin accesibilidad en wxWidgets, solo en un control sin rótulo visible.
+            if (!w || !wxDynamicCast(w, wxControl)) SetWindowTextW(v, texto.c_str());
+        };
     }
 
     void Anunciar(wxWindow* foco, const wxString& texto) override {
         wxWindow* w = wxWindow::FindFocus();
         if (!w) w = foco;
-        if (!w || !proveedor_ || !notificar_) return;
-        IUnknown* proveedor = nullptr;
-        if (FAILED(proveedor_(static_cast<HWND>(w->GetHandle()), &proveedor)) || !proveedor) return;
-        BSTR t = SysAllocString(texto.wc_str());
-        BSTR id = SysAllocString(L"sabelot");
-        notificar_(proveedor, kNotificationKindOther, kNotificationProcessingImportantAll, t, id);
-        SysFreeString(t);
-        SysFreeString(id);
-        proveedor->Release();
+        // Los textos de una misma tecla van seguidos; el primero de la siguiente corta lo que
+        // quede. La ráfaga acaba cuando el bucle de eventos vuelve a estar libre.
+        const bool interrumpir = !*enRafaga_;
+        if (interrumpir && wxTheApp) {
+            *enRafaga_ = true;
+            std::shared_ptr<bool> rafaga = enRafaga_;  // por si el anunciador muere antes
+            wxTheApp->CallAfter([rafaga] { *rafaga = false; });
+        }
+        actual_ = w;
+        cadena_.Decir(Ventana(w), std::wstring(texto.wc_str()), interrumpir);
+        actual_ = nullptr;
     }
 
-    void Nombrar(wxWindow* control, const wxString& nombre, const wxString&) override {
+    void Nombrar(wxWindow* control, const wxString& nombre, const wxString& descripcion) override {
+        if (!control) return;
+#if wxUSE_ACCESSIBILITY
+        if (Accesible* a = AccesibleDe(control)) {
+            a->nombre_ = nombre;
+            a->descripcion_ = descripcion;
+        }
+#else
         // Un control sin texto propio se nombra por el texto de su ventana; las de arriba ya
         // se nombran por su título.
-        if (control && !nombre.empty() && !control->IsTopLevel()) control->SetLabel(nombre);
+        if (!nombre.empty() && !control->IsTopLevel()) control->SetLabel(nombre);
+        wxUnusedVar(descripcion);  // sin objeto accesible propio no hay dónde ponerla
+#endif
     }
 
 private:
-    HostProviderFromHwnd proveedor_ = nullptr;
-    RaiseNotificationEvent notificar_ = nullptr;
+    lectores::Cadena cadena_;
+    wxWindow* actual_ = nullptr;  // el control que recibe el texto mientras se dice
+    std::shared_ptr<bool> enRafaga_ = std::make_shared<bool>(false);
 };
 
 }  // namespace
