@@ -110,8 +110,7 @@ Cadena::~Cadena() {
 Via Cadena::Elegir() {
     if (FindWindowW(L"JFWUI2", nullptr)) return Via::Jaws;
     if (nvdaFunciona_ && nvdaDecir_ && nvdaFunciona_() == 0) return Via::Nvda;
-    // Sin nadie escuchando UI Automation, una notificación se perdería: MSAA llega a más.
-    if (uiaProveedor_ && uiaNotificar_ && (!uiaEscuchan_ || uiaEscuchan_())) return Via::Uia;
+    if (UiaUtil()) return Via::Uia;
     return Via::Msaa;
 }
 
@@ -176,6 +175,9 @@ bool Cadena::Jaws(const std::wstring& texto, bool interrumpir) {
     return true;
 }
 
+// Sin nadie escuchando UI Automation, una notificación se perdería: MSAA llega a más.
+bool Cadena::UiaUtil() const { return uiaProveedor_ && uiaNotificar_ && (!uiaEscuchan_ || uiaEscuchan_()); }
+
 void Cadena::SoltarJaws() {
     if (jaws_) jaws_->Release();
     jaws_ = nullptr;
@@ -188,7 +190,7 @@ bool Cadena::Nvda(const std::wstring& texto, bool interrumpir) {
 }
 
 bool Cadena::Uia(HWND foco, const std::wstring& texto, bool interrumpir) {
-    if (!foco || !uiaProveedor_ || !uiaNotificar_) return false;
+    if (!foco || !UiaUtil()) return false;
     IUnknown* proveedor = nullptr;
     if (FAILED(uiaProveedor_(foco, &proveedor)) || !proveedor) return false;
     Bstr t(texto);

@@ -46,6 +46,7 @@ private:
     bool Uia(HWND foco, const std::wstring& texto, bool interrumpir);
     bool Msaa(HWND foco, const std::wstring& texto, bool interrumpir);
     void SoltarJaws();
+    bool UiaUtil() const;
 
     bool comIniciado_ = false;
     IDispatch* jaws_ = nullptr;
