@@ -26,8 +26,9 @@ public:
     explicit Accesible(wxWindow* w) : wxAccessible(w) {}
 
     wxAccStatus GetName(int hijo, wxString* nombre) override {
-        if (hijo != wxACC_SELF || nombre_.empty()) return wxACC_NOT_IMPLEMENTED;
-        *nombre = nombre_;
+        const wxString& n = dicho_.empty() ? nombre_ : dicho_;
+        if (hijo != wxACC_SELF || n.empty()) return wxACC_NOT_IMPLEMENTED;
+        *nombre = n;
         return wxACC_OK;
     }
     wxAccStatus GetDescription(int hijo, wxString* descripcion) override {
@@ -38,6 +39,7 @@ public:
 
     wxString nombre_;
     wxString descripcion_;
+    wxString dicho_;  // lo último anunciado por MSAA, hasta que el control pierde el foco
 };
 
 // El objeto propio del control, creado la primera vez.
@@ -46,6 +48,11 @@ Accesible* AccesibleDe(wxWindow* w) {
     if (auto* a = dynamic_cast<Accesible*>(w->GetAccessible())) return a;
     auto* a = new Accesible(w);
     w->SetAccessible(a);  // la ventana se queda con él
+    // Un anuncio es del momento: al volver al control más tarde se oye su nombre de siempre.
+    w->Bind(wxEVT_KILL_FOCUS, [w](wxFocusEvent& e) {
+        if (auto* acc = dynamic_cast<Accesible*>(w->GetAccessible())) acc->dicho_.clear();
+        e.Skip();
+    });
     return a;
 }
 #endif
@@ -57,14 +64,14 @@ public:
         // un botón es lo que se ve.
         cadena_.PonerNombre = [this](HWND v, const std::wstring& texto) {
             wxWindow* w = actual_;
+            if (!w) return;
 #if wxUSE_ACCESSIBILITY
-            if (Accesible* a = AccesibleDe(w)) {
-                a->nombre_ = wxString(texto.c_str());
-                return;
-            }
-#endif
+            if (Accesible* a = AccesibleDe(w)) a->dicho_ = wxString(texto.c_str());
+            wxUnusedVar(v);  // el texto de la ventana no se toca
+#else
             // Sin accesibilidad en wxWidgets, solo en un control sin rótulo visible.
-            if (!w || !wxDynamicCast(w, wxControl)) SetWindowTextW(v, texto.c_str());
+            if (!wxDynamicCast(w, wxControl)) SetWindowTextW(v, texto.c_str());
+#endif
         };
     }
 

@@ -204,6 +204,9 @@ bool Cadena::Uia(HWND foco, const std::wstring& texto, bool interrumpir) {
 
 bool Cadena::Msaa(HWND foco, const std::wstring& texto, bool interrumpir) {
     if (!foco) return false;
+    // Lo anterior era de otro control: ni se junta ni cuenta como repetido.
+    if (foco != focoMsaa_) ultimoMsaa_.clear();
+    focoMsaa_ = foco;
     // El lector lee el nombre cuando le llega el evento, no cuando se pone: dos textos
     // seguidos de la misma tecla se juntan, o solo se oiría el último.
     std::wstring nuevo = interrumpir || ultimoMsaa_.empty() ? texto : ultimoMsaa_ + L" " + texto;

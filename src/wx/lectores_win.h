@@ -62,6 +62,7 @@ private:
     HRESULT(WINAPI* uiaNotificar_)(IUnknown*, int, int, BSTR, BSTR) = nullptr;
     BOOL(WINAPI* uiaEscuchan_)() = nullptr;
 
+    HWND focoMsaa_ = nullptr;
     std::wstring ultimoMsaa_;
 };
 

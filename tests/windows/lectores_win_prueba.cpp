@@ -118,6 +118,11 @@ int wmain() {
     std::printf("nombre MSAA leído con oleacc: %s\n", Utf8(leido).c_str());
     Comprobar(leido == L"Tema: Historia. ¿Quién fue?", "un cliente MSAA lee el texto como nombre");
 
+    // Otro control: lo de antes no se le junta.
+    HWND boton = CreateWindowExW(0, L"BUTTON", L"Aceptar", WS_CHILD, 0, 120, 80, 24, marco, nullptr, inst, nullptr);
+    cadena.DecirCon(lectores::Via::Msaa, boton, L"Aceptar", false);
+    Comprobar(TextoVentana(boton) == L"Aceptar", "MSAA: otro control empieza de cero");
+
     // Con un PonerNombre propio (el de wxWidgets) el texto de la ventana no se toca.
     std::wstring recibido;
     cadena.PonerNombre = [&](HWND, const std::wstring& t) { recibido = t; };
