@@ -169,9 +169,12 @@ def main():
                 time.sleep(0.1)
             return None, None
 
+        ultimo = [inicio]
+
         def paso(nombre, tecla, predicado, que, segundos=ESPERA):
-            """Pulsa la tecla (o nada) y espera a que Orca diga lo que cumple el predicado."""
-            antes = segundos_del_dia()
+            """Pulsa la tecla y espera a que Orca diga lo que cumple el predicado; sin tecla, lo
+            busca desde lo último comprobado."""
+            antes = segundos_del_dia() if tecla else ultimo[0]
             if tecla:
                 subprocess.run(["xdotool", "key", "--clearmodifiers", tecla], check=True)
             t, texto = esperar(antes, predicado, segundos)
@@ -179,6 +182,7 @@ def main():
                 fallos.append(f"{nombre}: Orca no dice {que}")
                 return None
             oidos.append((nombre, texto))
+            ultimo[0] = t
             print(f"{nombre}: dicho a los {(t - antes) * 1000:.0f} ms")
             time.sleep(0.5)  # que Orca acabe con la ventana antes de la tecla siguiente
             return texto
@@ -199,6 +203,9 @@ def main():
                 return
             if paso("Intro (elige destino)", "Return", lambda x: x.startswith("Pregunta de "),
                     "la pregunta") is None:
+                return
+            # Se responde cuando ya se ha oído la respuesta que está a la vista.
+            if paso("primera respuesta", None, lambda x: x.startswith("1. "), "la respuesta 1") is None:
                 return
             if paso("Intro (responde)", "Return",
                     lambda x: x.startswith("respuesta correcta") or x.startswith("La respuesta correcta era "),
@@ -226,10 +233,10 @@ def main():
                 print("  " + repr(texto))
         for f in fallos:
             print("FALLO:", f)
-        if fallos and os.path.exists(orca.depuracion):
+        if os.path.exists(orca.depuracion):
             destino = os.path.join(tempfile.gettempdir(), "sabelot-orca.debug")
             shutil.copy2(orca.depuracion, destino)
-            print("depuración de Orca en", destino)
+            print("depuración completa de Orca en", destino)
         shutil.rmtree(carpeta, ignore_errors=True)
     print("FAIL" if fallos else "PASS")
     return 1 if fallos else 0
