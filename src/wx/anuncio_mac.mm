@@ -2,32 +2,43 @@
 // que cambie el foco ni nada de la ventana.
 #import <AppKit/AppKit.h>
 
-#include <wx/app.h>
+#include <wx/eventfilter.h>
 
 #include "anuncio.h"
 
 namespace {
 
-NSString* Texto(const wxString& s) { return [NSString stringWithUTF8String:s.utf8_str().data()]; }
+// Nunca nil: un nil en el diccionario del anuncio sería una excepción.
+NSString* Texto(const wxString& s) {
+    NSString* r = [NSString stringWithUTF8String:s.utf8_str().data()];
+    return r ? r : @"";
+}
 
 // En wxOSX GetHandle() es la NSView del control.
 NSView* Vista(wxWindow* w) { return w ? static_cast<NSView*>(w->GetHandle()) : nil; }
 
-class AnunciadorMac : public Anunciador {
+// Un texto corta al anterior solo si entre medias se ha pulsado una tecla o el ratón: los
+// textos de una misma tecla, aunque lleguen por temporizador, van uno tras otro.
+class AnunciadorMac : public Anunciador, public wxEventFilter {
 public:
+    AnunciadorMac() { wxEvtHandler::AddFilter(this); }
+    ~AnunciadorMac() override { wxEvtHandler::RemoveFilter(this); }
+
+    int FilterEvent(wxEvent& evento) override {
+        const wxEventType tipo = evento.GetEventType();
+        if (tipo == wxEVT_CHAR_HOOK || tipo == wxEVT_LEFT_DOWN) teclaNueva_ = true;
+        return Event_Skip;
+    }
+
     void Anunciar(wxWindow* foco, const wxString& texto) override {
         // La ventana principal de la aplicación es donde VoiceOver escucha con seguridad;
         // si aún no hay, vale la vista del control.
-        id origen = NSApp.mainWindow ? static_cast<id>(NSApp.mainWindow) : static_cast<id>(Vista(foco));
+        id origen = NSApp.mainWindow;
+        if (!origen) origen = Vista(foco);
         if (!origen) return;
-        // El primer texto de una tecla va con prioridad alta y corta lo que se esté diciendo;
-        // los demás de la misma tecla van detrás. La ráfaga acaba al quedar libre el bucle.
-        const bool interrumpir = !*enRafaga_;
-        if (interrumpir && wxTheApp) {
-            *enRafaga_ = true;
-            std::shared_ptr<bool> rafaga = enRafaga_;
-            wxTheApp->CallAfter([rafaga] { *rafaga = false; });
-        }
+        // Prioridad alta: corta lo que se esté diciendo; media: va detrás.
+        const bool interrumpir = teclaNueva_;
+        teclaNueva_ = false;
         NSDictionary* datos = @{
             NSAccessibilityAnnouncementKey : Texto(texto),
             NSAccessibilityPriorityKey : @(interrumpir ? NSAccessibilityPriorityHigh : NSAccessibilityPriorityMedium)
@@ -43,7 +54,7 @@ public:
     }
 
 private:
-    std::shared_ptr<bool> enRafaga_ = std::make_shared<bool>(false);
+    bool teclaNueva_ = true;  // el primer texto no espera a nadie
 };
 
 }  // namespace

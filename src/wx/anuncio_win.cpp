@@ -2,15 +2,13 @@
 // (lectores_win.cpp), que no sabe nada de wxWidgets.
 #include "anuncio.h"
 
-#include <wx/app.h>
 #include <wx/control.h>
+#include <wx/eventfilter.h>
 #include <wx/msw/wrapwin.h>
 
 #if wxUSE_ACCESSIBILITY
 #include <wx/access.h>
 #endif
-
-#include <memory>
 
 #include "lectores_win.h"
 
@@ -57,9 +55,14 @@ Accesible* AccesibleDe(wxWindow* w) {
 }
 #endif
 
-class AnunciadorWin : public Anunciador {
+// Un texto nuevo corta el anterior solo si entre medias se ha pulsado una tecla (o el ratón):
+// los textos que provoca una misma tecla, aunque lleguen por temporizador (el de un cuadro de
+// mensaje y luego su botón), van uno tras otro. wxEVT_CHAR_HOOK llega una vez por pulsación y
+// antes que cualquier manejador de la tecla.
+class AnunciadorWin : public Anunciador, public wxEventFilter {
 public:
     AnunciadorWin() {
+        wxEvtHandler::AddFilter(this);
         // En la vía MSAA el texto va al nombre accesible, no al texto de la ventana, que en
         // un botón es lo que se ve.
         cadena_.PonerNombre = [this](HWND v, const std::wstring& texto) {
@@ -75,17 +78,19 @@ public:
         };
     }
 
+    ~AnunciadorWin() override { wxEvtHandler::RemoveFilter(this); }
+
+    int FilterEvent(wxEvent& evento) override {
+        const wxEventType tipo = evento.GetEventType();
+        if (tipo == wxEVT_CHAR_HOOK || tipo == wxEVT_LEFT_DOWN) teclaNueva_ = true;
+        return Event_Skip;
+    }
+
     void Anunciar(wxWindow* foco, const wxString& texto) override {
         wxWindow* w = wxWindow::FindFocus();
         if (!w) w = foco;
-        // Los textos de una misma tecla van seguidos; el primero de la siguiente corta lo que
-        // quede. La ráfaga acaba cuando el bucle de eventos vuelve a estar libre.
-        const bool interrumpir = !*enRafaga_;
-        if (interrumpir && wxTheApp) {
-            *enRafaga_ = true;
-            std::shared_ptr<bool> rafaga = enRafaga_;  // por si el anunciador muere antes
-            wxTheApp->CallAfter([rafaga] { *rafaga = false; });
-        }
+        const bool interrumpir = teclaNueva_;
+        teclaNueva_ = false;
         actual_ = w;
         cadena_.Decir(Ventana(w), std::wstring(texto.wc_str()), interrumpir);
         actual_ = nullptr;
@@ -109,7 +114,7 @@ public:
 private:
     lectores::Cadena cadena_;
     wxWindow* actual_ = nullptr;  // el control que recibe el texto mientras se dice
-    std::shared_ptr<bool> enRafaga_ = std::make_shared<bool>(false);
+    bool teclaNueva_ = true;  // el primer texto no espera a nadie
 };
 
 }  // namespace
