@@ -2,7 +2,8 @@
 # Cada lector de ficheros bajo libFuzzer (clang, ASan y UBSan) durante N segundos,
 # uno tras otro, sobre una copia del corpus de tests/corpus.
 #   tools/fuzz.sh N [objetivo...]     (objetivos: preguntas opciones partidas)
-# Con SABELOT_FUZZ_GUARDAR=1 lo nuevo que aporte cobertura se funde en tests/corpus.
+# Con SABELOT_FUZZ_GUARDAR=1 lo que aporte ramas nuevas se funde en tests/corpus (sin contar
+# repeticiones, para que el corpus siga pequeño).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -50,7 +51,7 @@ for o in "${objetivos[@]}"; do
     informe+=("$o: $runs ejecuciones en $segundos s, nada encontrado")
   fi
   if [[ ${SABELOT_FUZZ_GUARDAR:-0} == 1 ]]; then
-    build/fuzz/fuzz/fuzz_$o -merge=1 tests/corpus/fuzz_$o "$trabajo/corpus" >/dev/null 2>&1 || true
+    build/fuzz/fuzz/fuzz_$o -merge=1 -use_counters=0 tests/corpus/fuzz_$o "$trabajo/corpus" >/dev/null 2>&1 || true
   fi
 done
 printf '%s\n' "${informe[@]}"
