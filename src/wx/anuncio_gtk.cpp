@@ -63,8 +63,30 @@ void EmitirAviso(AtkObject* acc, const std::string& texto) {
     }
 }
 
+// wxDialog es en GTK una ventana normal con la pista de diálogo, y ATK la da como marco: el
+// lector diría «marco» en cada cuadro de mensaje. Se corrige al mostrarse, antes de que el
+// lector la mire.
+gboolean DialogoComoTal(GSignalInvocationHint*, guint n, const GValue* valores, gpointer) {
+    if (n < 1) return TRUE;
+    GObject* o = static_cast<GObject*>(g_value_get_object(&valores[0]));
+    if (!GTK_IS_WINDOW(o)) return TRUE;
+    if (gtk_window_get_type_hint(GTK_WINDOW(o)) != GDK_WINDOW_TYPE_HINT_DIALOG) return TRUE;
+    AtkObject* acc = gtk_widget_get_accessible(GTK_WIDGET(o));
+    if (acc && atk_object_get_role(acc) == ATK_ROLE_FRAME) atk_object_set_role(acc, ATK_ROLE_DIALOG);
+    return TRUE;  // el gancho se queda para las siguientes
+}
+
 class AnunciadorGtk : public Anunciador {
 public:
+    AnunciadorGtk() {
+        static const bool puesto = [] {
+            g_signal_add_emission_hook(g_signal_lookup("map", GTK_TYPE_WIDGET), 0, DialogoComoTal, nullptr,
+                                       nullptr);
+            return true;
+        }();
+        (void)puesto;
+    }
+
     void Anunciar(wxWindow* foco, const wxString& texto) override {
         const std::string t = texto.utf8_string();
         if (GtkWidget* w = WidgetConFoco()) {

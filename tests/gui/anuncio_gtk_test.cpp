@@ -97,11 +97,13 @@ TEST(AnunciosCajas, ElCuadroDeMensajeLlevaTituloYTextoEnteros) {
     PlataformaWx plataforma(carpeta.Ruta(), *anunciador);
     prueba_gui::Vigilante vigilante(nullptr);
     std::string nombre, descripcion, botonDice;
+    AtkRole papel = ATK_ROLE_INVALID;
     vigilante.espera = [](const DialogoVisto&) { return 600; };
     vigilante.contestar = [&](const DialogoVisto&) {
         wxWindow* foco = wxWindow::FindFocus();
         wxWindow* caja = wxGetTopLevelParent(foco);
         nombre = Nombre(caja);
+        papel = atk_object_get_role(Atk(caja));
         descripcion = Descripcion(caja);
         botonDice = Descripcion(foco);
         return WXK_RETURN;
@@ -109,6 +111,8 @@ TEST(AnunciosCajas, ElCuadroDeMensajeLlevaTituloYTextoEnteros) {
     const std::string texto = "Alguno/s de los ficheros \r\nEntre en el menú.";
     EXPECT_EQ(plataforma.MsgBox(texto, 48, "Atención"), 1);
     EXPECT_EQ(nombre, "Atención");
+    // Un diálogo, no un marco: es lo que el lector dice al abrirse.
+    EXPECT_EQ(papel, ATK_ROLE_DIALOG);
     EXPECT_EQ(descripcion, texto);
     // Tras el texto se dice el botón que tiene el foco.
     EXPECT_EQ(botonDice, "Aceptar");
