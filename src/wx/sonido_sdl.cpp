@@ -11,6 +11,14 @@ constexpr int kCanalAplauso = 1;  // MP2
 }  // namespace
 
 SonidoSdl::SonidoSdl(std::function<void()> alTerminar) : alTerminar_(std::move(alTerminar)) {
+    // Abrir el audio (ALSA, PulseAudio) cuesta decenas de milisegundos: se deja para cuando
+    // el bucle de eventos ya corre, con la primera ventana en pantalla, o para el primer sonido.
+    CallAfter([this] { Abrir(); });
+}
+
+void SonidoSdl::Abrir() {
+    if (intentado_) return;
+    intentado_ = true;
     // Sin sonido el juego sigue: solo se pierde lo que se oye.
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return;
     if (Mix_OpenAudio(22050, AUDIO_S16SYS, 2, 1024) != 0) {
@@ -55,6 +63,7 @@ void SonidoSdl::Reproducir(sabelot::Reproductor reproductor, const std::string& 
     const int canal = reproductor == sabelot::Reproductor::MediaPlayer1 ? kCanalDado : kCanalAplauso;
     unsigned g = 0;
     if (canal == kCanalDado) g = ++generacion_;
+    Abrir();
     if (abierto_) {
         // El final del sonido cortado llega con su número viejo y no cuenta.
         Mix_HaltChannel(canal);

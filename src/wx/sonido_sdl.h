@@ -22,14 +22,19 @@ public:
 
     void Reproducir(sabelot::Reproductor reproductor, const std::string& ruta);
     // Falso si no hay dispositivo de sonido: entonces nada suena y el final llega enseguida.
-    bool Disponible() const { return abierto_; }
+    bool Disponible() {
+        Abrir();
+        return abierto_;
+    }
 
 private:
+    void Abrir();
     static void CanalTerminado(int canal);
     void Terminado(unsigned generacion);
 
     std::function<void()> alTerminar_;
     bool abierto_ = false;
+    bool intentado_ = false;
     // Cada sonido del dado lleva un número; solo cuenta el final del último.
     unsigned generacion_ = 0;
     std::atomic<unsigned> generacionEnCanal_{0};
