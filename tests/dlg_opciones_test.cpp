@@ -334,6 +334,32 @@ TEST_F(DlgOpcionesTest, EditarLaEtiqueta) {
     EXPECT_EQ(m.EtiquetaTema[2], " ");
 }
 
+TEST_F(DlgOpcionesTest, EtiquetaQueWindows1252NoGuardaSeRechazaYSePideOtra) {
+    // Antes se aceptaban y volvían como "?" al leer Sabelot.ini o una partida guardada.
+    const std::string rechazadas[] = {"Cine 日本", "Historia ő", std::string("Cine \xff\xfe", 7),
+                                      "Cine\tnegro", "Cine\r\nnegro"};
+    for (const std::string& mala : rechazadas) {
+        SCOPED_TRACE(mala);
+        Preguntas({"cine"});
+        d.Mostrar();
+        Categoria(0);
+        d.CambiarFoco(C::List2_2);
+        p.mensajes.clear();
+        p.entradas.clear();
+        p.textos = {mala, "Cine €ñ"};
+        Tecla(C::List2_2, kF2);
+        ASSERT_EQ(p.mensajes.size(), 1u);
+        EXPECT_EQ(p.mensajes[0].texto,
+                  "La etiqueta lleva letras o signos que el juego no puede guardar. Escriba otra.");
+        EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+        ASSERT_EQ(p.entradas.size(), 2u);
+        EXPECT_EQ(p.entradas[1].inicial, mala);
+        // Lo que sí cabe en Windows-1252 (€, ñ) se queda.
+        EXPECT_EQ(Etiquetas()[0], "Cine €ñ");
+        d.Pulsar(C::CancelButton);
+    }
+}
+
 TEST_F(DlgOpcionesTest, EtiquetaConComillasDoblesSeRechazaYSePideOtra) {
     Preguntas({"cine"});
     d.Mostrar();

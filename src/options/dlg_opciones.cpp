@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "storage/canales.h"
+#include "storage/cp1252.h"
 #include "storage/opciones.h"
 
 namespace sabelot {
@@ -304,6 +305,18 @@ void DlgOpciones::List2_KeyDown(int Index, int KeyCode, int) {
             if (texto.find('"') != std::string::npos) {
                 p_.MsgBox("La etiqueta no puede llevar comillas dobles. Escriba otra.", vbExclamation,
                           kTituloPrograma);
+                inicial = texto;
+                continue;
+            }
+            // Lo que Windows-1252 no tiene saldría como "?" en Sabelot.ini y en las partidas:
+            // la etiqueta cambiaría sola al volver a abrir el juego.
+            // Los caracteres de control (un tabulador pegado, un salto de línea) rompen el registro.
+            bool perdido = false;
+            Utf8ACp1252(texto, &perdido);
+            for (unsigned char c : texto) perdido = perdido || c < 0x20 || c == 0x7F;
+            if (perdido) {
+                p_.MsgBox("La etiqueta lleva letras o signos que el juego no puede guardar. Escriba otra.",
+                          vbExclamation, kTituloPrograma);
                 inicial = texto;
                 continue;
             }
