@@ -16,6 +16,7 @@ import sys
 import tempfile
 import time
 
+sys.dont_write_bytecode = True  # nada de __pycache__ en el árbol
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from oido_e2e import BIENVENIDA, texto_panel  # noqa: E402
 
@@ -141,7 +142,6 @@ def main():
     orca = Orca(carpeta)
     prog = None
     fallos = []
-    oidos = []  # (paso, texto) de lo comprobado
     inicio = None
     try:
         juego = os.path.join(carpeta, "juego")
@@ -181,7 +181,6 @@ def main():
             if t is None:
                 fallos.append(f"{nombre}: Orca no dice {que}")
                 return None
-            oidos.append((nombre, texto))
             ultimo[0] = t
             print(f"{nombre}: dicho a los {(t - antes) * 1000:.0f} ms")
             time.sleep(0.5)  # que Orca acabe con la ventana antes de la tecla siguiente
