@@ -2,7 +2,7 @@
 # Instala con apt-get lo que falte para construir, jugar y probar. Callado si ya está todo.
 set -euo pipefail
 paquetes=(build-essential cmake pkg-config libwxgtk3.2-dev libgtk-3-dev libsdl2-dev libsdl2-mixer-dev
-          libgtest-dev libgmock-dev libbenchmark-dev xvfb openbox xdotool dbus-x11 at-spi2-core
+          libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev xvfb openbox xdotool dbus-x11 at-spi2-core
           python3-pyatspi x11-utils)
 falta=()
 for p in "${paquetes[@]}"; do

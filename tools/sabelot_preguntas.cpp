@@ -1,11 +1,15 @@
 // sabelot-preguntas revisar F.qzf...: dice todo lo que el juego leería mal de cada
 // fichero de preguntas, con su número de línea. Sale con 0 si no hay nada, 1 si hay
 // algo y 2 si la orden está mal escrita.
+// sabelot-preguntas convertir ENTRADA [SALIDA.qzf]: pasa un fichero Aiken, GIFT o de
+// OpenTDB a .qzf y dice lo que no pudo convertir. Sale con 1 si algo se quedó fuera.
 #include <fstream>
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <vector>
 
+#include "conversion/convertir.h"
 #include "questions/revision.h"
 
 namespace {
@@ -13,7 +17,80 @@ namespace {
 void Uso() {
     std::cerr << "Uso: sabelot-preguntas revisar FICHERO.qzf...\n"
                  "  Revisa ficheros de preguntas: codificación Windows-1252, fines de línea CR LF,\n"
-                 "  preguntas que el juego no puede hacer, repetidas o que se salta al leer.\n";
+                 "  preguntas que el juego no puede hacer, repetidas o que se salta al leer.\n"
+                 "     sabelot-preguntas convertir [--formato aiken|gift|opentdb] ENTRADA [SALIDA.qzf]\n"
+                 "  Convierte preguntas de opción múltiple en Aiken, GIFT o JSON de OpenTDB a .qzf.\n"
+                 "  Sin SALIDA se escribe junto a ENTRADA, con la extensión .qzf.\n";
+}
+
+bool Leer(const std::string& nombre, std::string& bytes) {
+    std::ifstream f(nombre, std::ios::binary);
+    if (!f) return false;
+    std::ostringstream contenido;
+    contenido << f.rdbuf();
+    bytes = contenido.str();
+    return true;
+}
+
+int Convertir(int argc, char** argv) {
+    std::vector<std::string> nombres;
+    bool conFormato = false;
+    sabelot::FormatoEntrada formato = sabelot::FormatoEntrada::Aiken;
+    for (int i = 2; i < argc; ++i) {
+        const std::string a = argv[i];
+        if (a == "--formato" && i + 1 < argc) {
+            if (!sabelot::FormatoPorNombre(argv[++i], formato)) {
+                std::cerr << "Formato desconocido: " << argv[i] << " (aiken, gift u opentdb)\n";
+                return 2;
+            }
+            conFormato = true;
+        } else if (a.rfind("--", 0) == 0) {
+            Uso();
+            return 2;
+        } else {
+            nombres.push_back(a);
+        }
+    }
+    if (nombres.empty() || nombres.size() > 2) {
+        Uso();
+        return 2;
+    }
+    const std::string entrada = nombres[0];
+    std::string salida = nombres.size() == 2 ? nombres[1] : entrada;
+    if (nombres.size() == 1) {
+        const std::size_t punto = salida.find_last_of('.');
+        const std::size_t barra = salida.find_last_of("/\\");
+        if (punto != std::string::npos && (barra == std::string::npos || punto > barra))
+            salida.erase(punto);
+        salida += ".qzf";
+    }
+    if (salida == entrada) {
+        std::cerr << entrada << ": la salida no puede ser el mismo fichero que la entrada\n";
+        return 2;
+    }
+    std::string bytes;
+    if (!Leer(entrada, bytes)) {
+        std::cerr << entrada << ": no se puede abrir el fichero\n";
+        return 2;
+    }
+    if (!conFormato) formato = sabelot::DetectarFormato(entrada, bytes);
+    const sabelot::ResultadoConversion r = sabelot::Convertir(formato, bytes);
+    for (const auto& a : r.avisos) std::cerr << entrada << ": " << a.lugar << ": " << a.texto << "\n";
+    std::cerr << r.convertidas << (r.convertidas == 1 ? " pregunta convertida, " : " preguntas convertidas, ")
+              << r.sinConvertir << " sin convertir\n";
+    if (r.convertidas == 0) {
+        std::cerr << "No se escribe " << salida << ": no hay ninguna pregunta\n";
+        return 1;
+    }
+    std::ofstream f(salida, std::ios::binary | std::ios::trunc);
+    f << r.qzf;
+    f.close();
+    if (!f) {
+        std::cerr << salida << ": no se puede escribir el fichero\n";
+        return 2;
+    }
+    std::cerr << "Escrito " << salida << "\n";
+    return r.sinConvertir == 0 ? 0 : 1;
 }
 
 // Falso si no se pudo abrir el fichero.
@@ -41,6 +118,7 @@ bool Revisar(const std::string& nombre) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc >= 3 && std::string(argv[1]) == "convertir") return Convertir(argc, argv);
     if (argc < 3 || std::string(argv[1]) != "revisar") {
         Uso();
         return 2;

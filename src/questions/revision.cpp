@@ -71,9 +71,11 @@ bool ByteSinDefinir(unsigned char b) {
     return b == 0x81 || b == 0x8D || b == 0x8F || b == 0x90 || b == 0x9D;
 }
 
-// Para comparar preguntas: sin blancos a los lados y en minúsculas (también las
-// letras acentuadas de Windows-1252).
-std::string Clave(const std::string& pregunta) {
+std::string Num(int n) { return std::to_string(n); }
+
+}  // namespace
+
+std::string ClavePregunta(const std::string& pregunta) {
     std::size_t a = pregunta.find_first_not_of(" \t");
     if (a == std::string::npos) return std::string();
     std::size_t b = pregunta.find_last_not_of(" \t");
@@ -85,10 +87,6 @@ std::string Clave(const std::string& pregunta) {
     }
     return s;
 }
-
-std::string Num(int n) { return std::to_string(n); }
-
-}  // namespace
 
 RevisionQzf RevisarQzf(const std::string& bytes) {
     RevisionQzf r;
@@ -145,8 +143,8 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
         const int inicio = i + 1;  // número de línea de la "q>"
         Registro registro(texto);
 
-        if (Clave(registro.Pregunta).empty()) problema(inicio, "la pregunta está vacía");
-        const std::string clave = Clave(registro.Pregunta);
+        if (ClavePregunta(registro.Pregunta).empty()) problema(inicio, "la pregunta está vacía");
+        const std::string clave = ClavePregunta(registro.Pregunta);
         if (!clave.empty()) {
             auto [it, nueva] = vistas.emplace(clave, inicio);
             if (!nueva) problema(inicio, "pregunta repetida: ya está en la línea " + Num(it->second));

@@ -22,4 +22,8 @@ struct RevisionQzf {
 // 'bytes' es el fichero tal cual, que debe ir en Windows-1252 con CR LF.
 RevisionQzf RevisarQzf(const std::string& bytes);
 
+// Dos preguntas son la misma si dan la misma clave: sin blancos a los lados y en
+// minúsculas (también las letras acentuadas). En bytes de Windows-1252.
+std::string ClavePregunta(const std::string& pregunta);
+
 }  // namespace sabelot

@@ -1,0 +1,108 @@
+// La conversión de Aiken, GIFT y OpenTDB a .qzf: lo convertido byte a byte, cada
+// aviso con su lugar, y que el resultado pase la revisión sin un solo problema.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
+
+#include "apoyo/datos_prueba.h"
+#include "conversion/convertir.h"
+#include "questions/revision.h"
+
+namespace sabelot {
+namespace {
+
+std::string Bytes(const std::string& nombre, bool* hay = nullptr) {
+    std::ifstream f(std::string(SABELOT_DATOS_PRUEBA) + "/convertir/" + nombre, std::ios::binary);
+    if (hay) *hay = static_cast<bool>(f);
+    return std::string(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>());
+}
+
+std::vector<std::string> Campos(const std::string& fila) {
+    std::vector<std::string> campos;
+    std::istringstream s(fila);
+    for (std::string campo; std::getline(s, campo, '\t');) campos.push_back(campo);
+    return campos;
+}
+
+TEST(Convertir, FicherosDeCadaFormato) {
+    const std::vector<std::string> filas = prueba::LineasDeDatos("convertir.txt");
+    ASSERT_EQ(9u, filas.size());
+    for (const std::string& fila : filas) {
+        const std::vector<std::string> c = Campos(fila);
+        ASSERT_GE(c.size(), 4u) << fila;
+        bool hay = false;
+        const std::string entrada = Bytes(c[0], &hay);
+        ASSERT_TRUE(hay) << c[0];
+        FormatoEntrada formato{};
+        ASSERT_TRUE(FormatoPorNombre(c[1], formato)) << c[1];
+        EXPECT_EQ(formato, DetectarFormato(c[0], entrada)) << c[0];
+
+        const ResultadoConversion r = Convertir(formato, entrada);
+        std::string avisos = c[0] + "\n";
+        for (const auto& a : r.avisos) avisos += a.lugar + ": " + a.texto + "\n";
+        EXPECT_EQ(std::stoi(c[2]), r.convertidas) << avisos;
+        EXPECT_EQ(std::stoi(c[3]), r.sinConvertir) << avisos;
+        ASSERT_EQ(c.size() - 4, r.avisos.size()) << avisos;
+        for (std::size_t i = 4; i < c.size(); ++i) {
+            const std::size_t barra = c[i].find('|');
+            EXPECT_EQ(c[i].substr(0, barra), r.avisos[i - 4].lugar) << avisos;
+            EXPECT_NE(std::string::npos, r.avisos[i - 4].texto.find(c[i].substr(barra + 1))) << avisos;
+        }
+
+        const std::string base = c[0].substr(0, c[0].rfind('.'));
+        bool hayQzf = false;
+        const std::string esperado = Bytes(base + ".qzf", &hayQzf);
+        EXPECT_EQ(hayQzf ? esperado : std::string(), r.qzf) << c[0];
+        if (r.convertidas > 0) {
+            const RevisionQzf rev = RevisarQzf(r.qzf);
+            EXPECT_TRUE(rev.problemas.empty()) << c[0] << ": " << rev.problemas.front().texto;
+            EXPECT_EQ(r.convertidas, rev.preguntas) << c[0];
+            EXPECT_EQ(r.convertidas, rev.preguntables) << c[0];
+        }
+    }
+}
+
+// Sin --formato manda la extensión y, si no dice nada, lo que hay dentro.
+TEST(Convertir, FormatoPorExtensionYContenido) {
+    struct Caso {
+        const char* ruta;
+        const char* bytes;
+        FormatoEntrada formato;
+    };
+    const Caso casos[] = {
+        {"a.json", "", FormatoEntrada::OpenTdb},
+        {"A.GIFT", "", FormatoEntrada::Gift},
+        {"a.txt", "  {\"results\":[]}", FormatoEntrada::OpenTdb},
+        {"a.txt", "P\nA) x\nB) y\nanswer: A\n", FormatoEntrada::Aiken},
+        {"a.txt", "P {=x ~y}\n", FormatoEntrada::Gift},
+        {"preguntas", "P\nA. x\n", FormatoEntrada::Aiken},
+    };
+    for (const Caso& c : casos) EXPECT_EQ(c.formato, DetectarFormato(c.ruta, c.bytes)) << c.ruta;
+    FormatoEntrada f{};
+    EXPECT_TRUE(FormatoPorNombre("GIFT", f));
+    EXPECT_EQ(FormatoEntrada::Gift, f);
+    EXPECT_FALSE(FormatoPorNombre("moodle", f));
+}
+
+// La correcta de OpenTDB va siempre al mismo sitio para la misma pregunta, y a sitios
+// distintos en preguntas distintas.
+TEST(Convertir, OpenTdbColocaLaCorrectaSiempreIgual) {
+    std::string json = "{\"results\":[";
+    for (int i = 0; i < 12; ++i)
+        json += std::string(i ? "," : "") + "{\"type\":\"multiple\",\"question\":\"P" + std::to_string(i) +
+                "\",\"correct_answer\":\"Bien\",\"incorrect_answers\":[\"M1\",\"M2\",\"M3\"]}";
+    json += "]}";
+    const ResultadoConversion a = Convertir(FormatoEntrada::OpenTdb, json);
+    EXPECT_EQ(a.qzf, Convertir(FormatoEntrada::OpenTdb, json).qzf);
+    ASSERT_EQ(12, a.convertidas);
+    std::set<std::string> sitios;
+    for (std::size_t p = a.qzf.find("a>"); p != std::string::npos; p = a.qzf.find("a>", p + 1))
+        sitios.insert(a.qzf.substr(p, 3));
+    EXPECT_GT(sitios.size(), 1u);
+}
+
+}  // namespace
+}  // namespace sabelot
