@@ -349,7 +349,9 @@ void ConvertirBloqueGift(const std::string& bloque, const std::string& lugar, Es
     const std::string detras = SinBlancos(s.substr(cierra + 1));
     if (s.find('{', cierra) != std::string::npos) return noConvertida("tiene varios huecos con respuestas");
     // Con texto detrás de las llaves es una pregunta de hueco: el hueco queda en el enunciado.
-    if (!detras.empty()) enunciado = SinBlancos(enunciado) + " _____ " + detras;
+    if (!detras.empty())
+        enunciado = SinBlancos(enunciado) + " _____" +
+                    (std::string(".,;:?!)").find(detras[0]) == std::string::npos ? " " : "") + detras;
 
     std::string dentro = SinBlancos(s.substr(abre + 1, cierra - abre - 1));
     if (dentro.empty()) return noConvertida("es una pregunta de redacción");
