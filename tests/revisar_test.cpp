@@ -46,6 +46,23 @@ TEST(Revision, ProblemasConSuLinea) {
     }
 }
 
+// El juego cuenta las preguntas en 16 bits: la que pasa de la cuenta se señala, una vez.
+TEST(Revision, DemasiadasPreguntas) {
+    for (int total : {kMaxPreguntasQzf, kMaxPreguntasQzf + 2}) {
+        std::string bytes;
+        for (int i = 1; i <= total; ++i) bytes += "q>P" + std::to_string(i) + "\r\n1>a\r\n2>b\r\na>1\r\n\r\n";
+        const RevisionQzf r = RevisarQzf(bytes);
+        EXPECT_EQ(total, r.preguntas);
+        if (total == kMaxPreguntasQzf) {
+            EXPECT_TRUE(r.problemas.empty());
+        } else {
+            ASSERT_EQ(1u, r.problemas.size());
+            EXPECT_EQ(kMaxPreguntasQzf * 5 + 1, r.problemas[0].linea);
+            EXPECT_NE(std::string::npos, r.problemas[0].texto.find("32767 preguntas"));
+        }
+    }
+}
+
 // La revisión y el juego cuentan igual las preguntas que se pueden hacer: el lector
 // saca exactamente esas antes de dar la vuelta al mazo.
 TEST(RevisionYLector, DicenLoMismo) {

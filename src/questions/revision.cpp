@@ -141,6 +141,10 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
         dentro = true;
         ++r.preguntas;
         const int inicio = i + 1;  // número de línea de la "q>"
+        // El juego cuenta las preguntas en un entero de 16 bits.
+        if (r.preguntas == kMaxPreguntasQzf + 1)
+            problema(inicio, "el fichero pasa de " + Num(kMaxPreguntasQzf) +
+                                 " preguntas, las que el juego puede contar; pártalo en dos");
         Registro registro(texto);
 
         if (ClavePregunta(registro.Pregunta).empty()) problema(inicio, "la pregunta está vacía");

@@ -8,6 +8,9 @@
 
 namespace sabelot {
 
+// Las preguntas que caben en un fichero: el juego las cuenta en un entero de 16 bits.
+constexpr int kMaxPreguntasQzf = 32767;
+
 struct ProblemaQzf {
     int linea = 0;      // desde 1
     std::string texto;  // en castellano, UTF-8

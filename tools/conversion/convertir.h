@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "questions/revision.h"
+
 namespace sabelot {
 
 enum class FormatoEntrada { Aiken, Gift, OpenTdb };
@@ -12,8 +14,7 @@ enum class FormatoEntrada { Aiken, Gift, OpenTdb };
 // Más respuestas no se convierten: cada respuesta lleva una sola cifra delante y con
 // nueve se leen y se recorren bien con las flechas.
 constexpr int kMaxRespuestas = 9;
-// Lo que cuenta el juego en un entero de 16 bits.
-constexpr int kMaxPreguntas = 32767;
+constexpr int kMaxPreguntas = kMaxPreguntasQzf;
 
 struct AvisoConversion {
     std::string lugar;  // "línea 12" o "pregunta 3"
