@@ -25,7 +25,7 @@ cmake --build build/fuzz -j2 --target "${objetivos[@]/#/fuzz_}"
 
 declare -A semillas=([preguntas]=revision [opciones]=opciones_rotas [partidas]=)
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-# Las carpetas temporales del juego en memoria: guardar hace fsync y en disco pesa más que el lector.
+# Las carpetas temporales del juego en memoria: en disco, escribir y leer pesa más que el lector.
 [[ -d /dev/shm && -w /dev/shm ]] && export TMPDIR=/dev/shm
 hallazgos=0
 informe=()
