@@ -61,9 +61,14 @@ TEST(FicherosPreguntas, CanalAbierto) {
     std::string linea;
     canales.Get(3)->LeerLinea(linea);
     EXPECT_TRUE(CanalAbierto(canales, 3));
-    // Se borra el fichero con el canal abierto: falta, pero su canal sigue abierto.
     jp.p.Ficheros().Borrar(ruta);
+#ifdef _WIN32
+    // En Windows un fichero abierto no se deja borrar: sigue ahí y no falta.
+    EXPECT_FALSE(jp.f().FaltanFicheros());
+#else
+    // Se borra el fichero con el canal abierto: falta, pero su canal sigue abierto.
     EXPECT_TRUE(jp.f().FaltanFicheros());
+#endif
     EXPECT_TRUE(CanalAbierto(canales, 3));
     canales.Cerrar(3);
     EXPECT_FALSE(CanalAbierto(canales, 3));

@@ -1,9 +1,11 @@
 // Partidas guardadas: el formato exacto, la carga que no estropea nada y los nombres.
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <algorithm>
 #include <sstream>
@@ -442,6 +444,9 @@ TEST(Partidas, UnaEscrituraQueFallaNoDejaNadaAMedias) {
     }
 }
 
+// Las dos que siguen necesitan permisos y procesos de POSIX (chmod, fork): en Windows no
+// hay carpetas de solo lectura para su dueño ni fork.
+#ifndef _WIN32
 TEST(Partidas, CarpetaSinPermisoDeEscritura) {
     if (geteuid() == 0) GTEST_SKIP() << "como root se puede escribir en cualquier carpeta";
     JuegoPrueba jp;
@@ -494,6 +499,8 @@ TEST(Partidas, ProcesoMatadoAMitadDeGuardarDejaLaPartidaAnterior) {
     EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
     EXPECT_EQ(std::vector<std::string>{"guardada.sav"}, FicherosDeLaCarpeta(jp));
 }
+
+#endif  // _WIN32
 
 }  // namespace
 }  // namespace sabelot

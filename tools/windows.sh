@@ -29,7 +29,7 @@ sudo_=""
 [[ $(id -u) -eq 0 ]] || sudo_="sudo"
 paquetes=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix mingw-w64-tools binutils-mingw-w64-x86-64
           libz-mingw-w64-dev wine wine64 xvfb xdotool x11-utils openbox dpkg-dev cmake make pkg-config
-          googletest zip)
+          googletest nlohmann-json3-dev zip)
 falta=()
 for p in "${paquetes[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || falta+=("$p")
@@ -102,14 +102,17 @@ construir_mixer() {
   [[ -f $HECHO/sdl2-mixer ]] && return
   fuente libsdl2-mixer libsdl2-mixer
   paso "SDL2_mixer para Windows, solo WAV ($dir)"
-  rm -rf "$OBRA/mixer"; mkdir -p "$OBRA/mixer"; cd "$OBRA/mixer"
-  "$dir/configure" -q --host=$HOST --prefix="$PREFIJO" --disable-shared --enable-static \
-    --with-sdl-prefix="$PREFIJO" --disable-sdltest \
-    --disable-music-cmd --disable-music-mod --disable-music-midi --disable-music-ogg \
-    --disable-music-flac --disable-music-mp3 --disable-music-opus --disable-music-wavpack >configure.log
-  make -s -j"$TAREAS" >make.log 2>&1 || { tail -40 make.log; exit 1; }
-  make -s install >/dev/null
-  cd "$RAIZ"; touch "$HECHO/sdl2-mixer"
+  rm -rf "$OBRA/mixer"
+  cmake -S "$dir" -B "$OBRA/mixer" -DCMAKE_TOOLCHAIN_FILE="$RAIZ/cmake/mingw-w64.cmake" \
+    -DSABELOT_MINGW_PREFIJO="$PREFIJO" -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$PREFIJO" \
+    -DSDL2_DIR="$PREFIJO/lib/cmake/SDL2" -DBUILD_SHARED_LIBS=OFF -DSDL2MIXER_VENDORED=OFF \
+    -DSDL2MIXER_SAMPLES=OFF -DSDL2MIXER_CMD=OFF -DSDL2MIXER_FLAC=OFF -DSDL2MIXER_MOD=OFF \
+    -DSDL2MIXER_MP3=OFF -DSDL2MIXER_MIDI=OFF -DSDL2MIXER_OPUS=OFF -DSDL2MIXER_VORBIS=OFF \
+    -DSDL2MIXER_WAVPACK=OFF -DSDL2MIXER_WAVE=ON >"$CACHE/configurar-mixer.log" 2>&1 \
+    || { tail -30 "$CACHE/configurar-mixer.log"; exit 1; }
+  cmake --build "$OBRA/mixer" -j"$TAREAS" >/dev/null
+  cmake --install "$OBRA/mixer" >/dev/null
+  touch "$HECHO/sdl2-mixer"
 }
 
 construir_wx() {
@@ -120,8 +123,8 @@ construir_wx() {
   "$dir/configure" -q --host=$HOST --build="$(gcc -dumpmachine)" --prefix="$PREFIJO" \
     --disable-shared --enable-unicode --enable-accessibility --with-msw \
     --disable-webview --disable-mediactrl --disable-stc --disable-richtext --disable-propgrid \
-    --disable-html --disable-htmlhelp --disable-xrc --disable-aui --disable-ribbon --disable-xml \
-    --disable-webrequest --disable-sound --disable-svg --with-opengl=no \
+    --disable-html --disable-htmlhelp --disable-xrc --disable-aui --disable-ribbon \
+    --disable-webrequest --disable-sound --disable-svg --disable-mshtmlhelp --without-nanosvg --with-opengl=no \
     --without-libtiff --without-libjpeg --without-libpng --without-expat --without-liblzma \
     --without-regex --with-zlib=sys >configure.log 2>&1 \
     || { tail -40 configure.log; exit 1; }
@@ -149,6 +152,14 @@ construir_gtest() {
   touch "$HECHO/gtest"
 }
 construir_gtest
+
+# nlohmann_json solo son cabeceras: las de Debian valen tal cual, vistas desde el prefijo
+# (sin meter /usr/include, que es de Linux, entre las del compilador cruzado).
+if [[ -d /usr/include/nlohmann && -d /usr/share/cmake/nlohmann_json ]]; then
+  mkdir -p "$PREFIJO/include" "$PREFIJO/share/cmake/nlohmann_json"
+  ln -sfn /usr/include/nlohmann "$PREFIJO/include/nlohmann"
+  cp /usr/share/cmake/nlohmann_json/*.cmake "$PREFIJO/share/cmake/nlohmann_json/"
+fi
 [[ $MODO == --bibliotecas ]] && { paso "Bibliotecas listas en $PREFIJO"; exit 0; }
 
 # --- El juego y las pruebas ---------------------------------------------------------------
@@ -156,7 +167,7 @@ paso "Juego y pruebas para Windows en $CONSTRUCCION"
 # SDL2 estática arrastra bibliotecas del sistema que pkg-config solo da con --static.
 extra=$(pkg-config --static --libs-only-l SDL2_mixer sdl2 | tr ' ' '\n' | grep -vE '^-l(SDL2|SDL2main|SDL2_mixer|mingw32)$' | tr '\n' ' ')
 cmake -S "$RAIZ" -B "$CONSTRUCCION" -DCMAKE_TOOLCHAIN_FILE="$RAIZ/cmake/mingw-w64.cmake" \
-  -DSABELOT_MINGW_PREFIJO="$PREFIJO" -DCMAKE_BUILD_TYPE=Release \
+  -DSABELOT_MINGW_PREFIJO="$PREFIJO" -DCMAKE_BUILD_TYPE=Release -DSABELOT_GUI=ON -DSABELOT_PRUEBAS=ON \
   -DwxWidgets_CONFIG_EXECUTABLE="$PREFIJO/bin/wx-config" \
   -Dbenchmark_DIR="$RAIZ/cmake/cruzado" \
   -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST \

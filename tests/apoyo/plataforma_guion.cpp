@@ -21,7 +21,7 @@ CarpetaTemporal::CarpetaTemporal() {
     fs::path p = fs::temp_directory_path() /
                  ("sabelot-" + std::to_string(rd()) + "-" + std::to_string(cuenta++));
     fs::create_directories(p);
-    ruta_ = p.string();
+    ruta_ = p.u8string();  // UTF-8, como todas las rutas del juego
 }
 
 CarpetaTemporal::~CarpetaTemporal() {
@@ -31,25 +31,25 @@ CarpetaTemporal::~CarpetaTemporal() {
 }
 
 void CarpetaTemporal::Escribir(const std::string& relativa, const std::string& bytes) const {
-    fs::path p = fs::path(ruta_) / relativa;
+    fs::path p = fs::u8path(ruta_) / fs::u8path(relativa);
     fs::create_directories(p.parent_path());
     std::ofstream f(p, std::ios::binary);
     f << bytes;
 }
 
 std::string CarpetaTemporal::Leer(const std::string& relativa) const {
-    std::ifstream f(fs::path(ruta_) / relativa, std::ios::binary);
+    std::ifstream f(fs::u8path(ruta_) / fs::u8path(relativa), std::ios::binary);
     std::ostringstream s;
     s << f.rdbuf();
     return s.str();
 }
 
 bool CarpetaTemporal::Existe(const std::string& relativa) const {
-    return fs::exists(fs::path(ruta_) / relativa);
+    return fs::exists(fs::u8path(ruta_) / fs::u8path(relativa));
 }
 
 void CarpetaTemporal::CrearCarpeta(const std::string& relativa) const {
-    fs::create_directories(fs::path(ruta_) / relativa);
+    fs::create_directories(fs::u8path(ruta_) / fs::u8path(relativa));
 }
 
 PlataformaGuion::PlataformaGuion() = default;
