@@ -7,18 +7,7 @@ cd "$(dirname "$0")/.."
 tools/preparar.sh
 # Orca trae speech-dispatcher; su módulo mudo y libao bastan sin tarjeta de sonido.
 paquetes=(orca speech-dispatcher speech-dispatcher-audio-plugins libao4 procps)
-falta=()
-for p in "${paquetes[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || falta+=("$p")
-done
-if ((${#falta[@]})); then
-  echo "Instalando: ${falta[*]}"
-  sudo_=""
-  [[ $(id -u) -eq 0 ]] || sudo_="sudo"
-  export DEBIAN_FRONTEND=noninteractive
-  $sudo_ apt-get update -q >/dev/null
-  $sudo_ apt-get install -y -q --no-install-recommends "${falta[@]}" >/dev/null
-fi
+tools/preparar.sh "${paquetes[@]}"
 # Construcción para jugar, en su propia carpeta.
 cmake -S . -B build/orca -DCMAKE_BUILD_TYPE=Release -DSABELOT_PRUEBAS=OFF >/dev/null
 cmake --build build/orca -j"$(nproc)" >/dev/null

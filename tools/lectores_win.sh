@@ -8,18 +8,7 @@ dir="$raiz/build/lectores_win"
 mkdir -p "$dir"
 
 paquetes=(g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 xvfb)
-falta=()
-for p in "${paquetes[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || falta+=("$p")
-done
-if ((${#falta[@]})); then
-  echo "Instalando: ${falta[*]}"
-  sudo_=""
-  [[ $(id -u) -eq 0 ]] || sudo_="sudo"
-  export DEBIAN_FRONTEND=noninteractive
-  $sudo_ apt-get update -q >/dev/null
-  $sudo_ apt-get install -y -q --no-install-recommends "${falta[@]}" >/dev/null
-fi
+"$raiz/tools/preparar.sh" "${paquetes[@]}"
 
 cxx=x86_64-w64-mingw32-g++-posix
 avisos=(-std=c++17 -Wall -Wextra -Wpedantic -Werror)
