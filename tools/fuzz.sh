@@ -2,6 +2,7 @@
 # Cada lector de ficheros bajo libFuzzer (clang, ASan y UBSan) durante N segundos,
 # uno tras otro, sobre una copia del corpus de tests/corpus.
 #   tools/fuzz.sh N [objetivo...]     (objetivos: preguntas opciones partidas)
+# Con SABELOT_FUZZ_EJECUCIONES=M cada objetivo para también al llegar a M ejecuciones.
 # Con SABELOT_FUZZ_GUARDAR=1 lo que aporte ramas nuevas se funde en tests/corpus (sin contar
 # repeticiones, para que el corpus siga pequeño).
 set -euo pipefail
@@ -35,8 +36,9 @@ for o in "${objetivos[@]}"; do
   cp tests/corpus/fuzz_$o/* "$trabajo/corpus/"
   [[ -z ${semillas[$o]} ]] || cp tests/corpus/${semillas[$o]}/* "$trabajo/corpus/"
   echo "== $o: $segundos s"
+  t0=$SECONDS
   set +e
-  build/fuzz/fuzz/fuzz_$o "$trabajo/corpus" -max_total_time="$segundos" -timeout=10 -rss_limit_mb=2048 \
+  build/fuzz/fuzz/fuzz_$o "$trabajo/corpus" -max_total_time="$segundos" -runs="${SABELOT_FUZZ_EJECUCIONES:--1}" -timeout=10 -rss_limit_mb=2048 \
     -max_len=8192 -detect_leaks=1 -print_final_stats=1 -artifact_prefix="$trabajo/hallazgos/" \
     >"$trabajo/registro.txt" 2>&1
   rc=$?
@@ -48,7 +50,7 @@ for o in "${objetivos[@]}"; do
     informe+=("$o: $runs ejecuciones, HALLAZGO (salida $rc): $(ls "$trabajo/hallazgos" | tr '\n' ' ')")
     grep -m5 -E 'ERROR|SUMMARY|Invariante|runtime error' "$trabajo/registro.txt" || true
   else
-    informe+=("$o: $runs ejecuciones en $segundos s, nada encontrado")
+    informe+=("$o: $runs ejecuciones en $((SECONDS - t0)) s, nada encontrado")
   fi
   if [[ ${SABELOT_FUZZ_GUARDAR:-0} == 1 ]]; then
     build/fuzz/fuzz/fuzz_$o -merge=1 -use_counters=0 tests/corpus/fuzz_$o "$trabajo/corpus" >/dev/null 2>&1 || true

@@ -1,10 +1,12 @@
 #include "programa_wx.h"
 
+#include <utility>
+
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
 
-ProgramaWx::ProgramaWx(const std::string& carpeta)
-    : anunciador_(CrearAnunciador()),
+ProgramaWx::ProgramaWx(const std::string& carpeta, std::unique_ptr<Anunciador> anunciador)
+    : anunciador_(anunciador ? std::move(anunciador) : CrearAnunciador()),
       plataforma_(std::make_unique<PlataformaWx>(carpeta, *anunciador_)),
       juego_(std::make_unique<sabelot::Juego>(*plataforma_)) {
     ventana_ = new VentanaPrincipal(juego_->form1, *anunciador_, *plataforma_);

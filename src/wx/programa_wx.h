@@ -11,7 +11,8 @@
 
 class ProgramaWx {
 public:
-    explicit ProgramaWx(const std::string& carpeta);
+    // Sin anunciador, el del sistema; las pruebas pueden poner uno que apunte lo dicho.
+    explicit ProgramaWx(const std::string& carpeta, std::unique_ptr<Anunciador> anunciador = nullptr);
     ~ProgramaWx();
     ProgramaWx(const ProgramaWx&) = delete;
     ProgramaWx& operator=(const ProgramaWx&) = delete;
