@@ -76,6 +76,32 @@ gboolean DialogoComoTal(GSignalInvocationHint*, guint n, const GValue* valores, 
     return TRUE;  // el gancho se queda para las siguientes
 }
 
+// Al activarse un diálogo, el lector dice su título y su descripción y luego el control con
+// el foco. Los dos primeros anuncios de un diálogo recién abierto (su texto, después su botón)
+// repetirían eso mismo: se callan si coinciden. Después, todo se dice aunque se repita.
+bool YaDichoAlActivarse(GtkWidget* foco, const std::string& texto) {
+    GtkWidget* ventana = gtk_widget_get_toplevel(foco);
+    if (!GTK_IS_WINDOW(ventana) || ventana == foco) return false;
+    AtkObject* accVentana = Accesible(ventana);
+    if (!accVentana || atk_object_get_role(accVentana) != ATK_ROLE_DIALOG) return false;
+    GObject* o = G_OBJECT(ventana);
+    const int paso = GPOINTER_TO_INT(g_object_get_data(o, "sabelot-anuncios"));
+    if (paso >= 2) return false;
+    g_object_set_data(o, "sabelot-anuncios", GINT_TO_POINTER(paso + 1));
+    auto igual = [&](const gchar* dicho) { return dicho && texto == dicho; };
+    bool repetido = false;
+    if (paso == 0) {
+        repetido = igual(atk_object_get_description(accVentana)) || igual(atk_object_get_name(accVentana));
+    } else {
+        // Solo un botón: el contenido de un cuadro de texto enfocado Orca no siempre lo lee.
+        AtkObject* accFoco = Accesible(foco);
+        repetido = atk_object_get_role(accFoco) == ATK_ROLE_PUSH_BUTTON && igual(atk_object_get_name(accFoco));
+    }
+    if (repetido) return true;
+    g_object_set_data(o, "sabelot-anuncios", GINT_TO_POINTER(2));
+    return false;
+}
+
 class AnunciadorGtk : public Anunciador {
 public:
     AnunciadorGtk() {
@@ -90,6 +116,7 @@ public:
     void Anunciar(wxWindow* foco, const wxString& texto) override {
         const std::string t = texto.utf8_string();
         if (GtkWidget* w = WidgetConFoco()) {
+            if (YaDichoAlActivarse(w, t)) return;
             PonerDescripcion(Accesible(w), t);
             return;
         }

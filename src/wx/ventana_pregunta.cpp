@@ -26,6 +26,9 @@ VentanaPregunta::VentanaPregunta(wxWindow* padre, sabelot::Dialog1& logica, Anun
                             FromDIP(wxSize(Tw(10000), Tw(1500))),
                             wxTE_MULTILINE | wxTE_READONLY | wxTE_WORDWRAP | wxTE_NOHIDESEL);
     text1_->SetFont(wxFont(wxFontInfo(9.75).FaceName("Verdana").Bold()));
+    // Sin rótulo a la vista, el lector diría solo "texto": cada cuadro dice qué es.
+    anunciador_.Nombrar(text1_, wxString::FromUTF8("Pregunta"), wxString());
+    anunciador_.Nombrar(text2_, wxString::FromUTF8("Respuesta"), wxString());
     // El formulario deja Text2 medio fuera; aquí cabe entero.
     SetClientSize(FromDIP(wxSize(Tw(10110), Tw(1800 + 750 + 100))));
 
@@ -61,7 +64,11 @@ void VentanaPregunta::MostrarModal() {
 }
 
 void VentanaPregunta::Refrescar() {
-    SetTitle(wxString::FromUTF8(logica_.Titulo));
+    const wxString titulo = wxString::FromUTF8(logica_.Titulo);
+    if (GetTitle() != titulo) {
+        SetTitle(titulo);
+        anunciador_.Nombrar(this, titulo, wxString());
+    }
     const wxString pregunta = wxString::FromUTF8(logica_.Text1);
     if (text1_->GetValue() != pregunta) text1_->ChangeValue(pregunta);
     const long desde = logica_.Text1SelStart;

@@ -105,7 +105,7 @@ TEST(AnunciosCajas, ElCuadroDeMensajeLlevaTituloYTextoEnteros) {
         nombre = Nombre(caja);
         papel = atk_object_get_role(Atk(caja));
         descripcion = Descripcion(caja);
-        botonDice = Descripcion(foco);
+        botonDice = Nombre(foco) + "|" + Descripcion(foco);
         return WXK_RETURN;
     };
     const std::string texto = "Alguno/s de los ficheros \r\nEntre en el menú.";
@@ -114,8 +114,9 @@ TEST(AnunciosCajas, ElCuadroDeMensajeLlevaTituloYTextoEnteros) {
     // Un diálogo, no un marco: es lo que el lector dice al abrirse.
     EXPECT_EQ(papel, ATK_ROLE_DIALOG);
     EXPECT_EQ(descripcion, texto);
-    // Tras el texto se dice el botón que tiene el foco.
-    EXPECT_EQ(botonDice, "Aceptar");
+    // El lector dice al abrirse el título, el texto y el botón con el foco; nada más se
+    // le manda repetir.
+    EXPECT_EQ(botonDice, "Aceptar|");
 }
 
 TEST(AnunciosVentana, Picture1SeLlamaTableroYDiceLoQueMuestraText1) {

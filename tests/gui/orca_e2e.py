@@ -196,25 +196,26 @@ def main():
             panel = texto_panel(prog.pid)
             if casilla is not None and (panel is None or casilla.rstrip() != panel.rstrip()):
                 fallos.append(f"Arriba: Orca dice {casilla!r} y Text1 tiene {panel!r}")
+            # Los cuadros se oyen al abrirse: «título dialog texto», no como anuncio aparte.
             # Desde el centro toda tirada cae en una casilla con pregunta.
-            if paso("Intro (tira el dado)", "Return", lambda x: x.startswith("Lanzas el dado y sacas un "),
+            if paso("Intro (tira el dado)", "Return", lambda x: "Lanzas el dado y sacas un " in x,
                     "la tirada") is None:
                 return
-            if paso("Intro (elige destino)", "Return", lambda x: x.startswith("Pregunta de "),
+            if paso("Intro (elige destino)", "Return", lambda x: "Pregunta de " in x,
                     "la pregunta") is None:
                 return
             # Se responde cuando ya se ha oído la respuesta que está a la vista.
-            if paso("primera respuesta", None, lambda x: x.startswith("1. "), "la respuesta 1") is None:
+            if paso("primera respuesta", None, lambda x: "1. " in x, "la respuesta 1") is None:
                 return
             if paso("Intro (responde)", "Return",
-                    lambda x: x.startswith("respuesta correcta") or x.startswith("La respuesta correcta era "),
+                    lambda x: "respuesta correcta" in x or "La respuesta correcta era " in x,
                     "el veredicto") is None:
                 return
             # Al cerrar el veredicto, el texto del panel; antes puede venir el aviso del quesito ganado.
             final = ("Muy bien, sigue  así.", "Fallaste, pierdes el turno.", "Fallaste: has desaprovechado")
             texto = paso("Intro (cierra el veredicto)", "Return", lambda x: any(f in x for f in final) or
-                         x.startswith("Has conseguido este quesito"), "el texto del panel tras el veredicto")
-            if texto is not None and texto.startswith("Has conseguido"):
+                         "Has conseguido este quesito" in x, "el texto del panel tras el veredicto")
+            if texto is not None and "Has conseguido" in texto:
                 paso("Intro (cierra el quesito)", "Return", lambda x: final[0] in x, "el texto del panel")
 
         recorrido()

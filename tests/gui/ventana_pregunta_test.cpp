@@ -81,6 +81,10 @@ TEST_F(VentanaPreguntaTest, LaMismaVentanaPreguntaJuzgaYSeOcultaTresVeces) {
                  EXPECT_EQ(hasta, static_cast<long>(pregunta.length()));
                  EXPECT_EQ(Respuesta(), "1. Cinco");
                  EXPECT_TRUE(FocoEnRespuesta());
+                 // Sin rótulos a la vista, los nombres accesibles dicen qué es cada cosa.
+                 EXPECT_EQ(anun.nombres[v->Respuesta()].first, "Respuesta");
+                 EXPECT_EQ(anun.nombres[v->Pregunta()].first, "Pregunta");
+                 EXPECT_EQ(anun.nombres[v.get()].first, v->GetTitle());
              },
              Tecla('x'), Tecla('2'), Tecla(WXK_DELETE), Tecla(WXK_BACK), Tecla(WXK_LEFT),
              Tecla(WXK_ESCAPE),
