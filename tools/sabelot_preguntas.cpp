@@ -3,6 +3,7 @@
 // algo y 2 si la orden está mal escrita.
 // sabelot-preguntas convertir ENTRADA [SALIDA.qzf]: pasa un fichero Aiken, GIFT o de
 // OpenTDB a .qzf y dice lo que no pudo convertir. Sale con 1 si algo se quedó fuera.
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -18,9 +19,10 @@ void Uso() {
     std::cerr << "Uso: sabelot-preguntas revisar FICHERO.qzf...\n"
                  "  Revisa ficheros de preguntas: codificación Windows-1252, fines de línea CR LF,\n"
                  "  preguntas que el juego no puede hacer, repetidas o que se salta al leer.\n"
-                 "     sabelot-preguntas convertir [--formato aiken|gift|opentdb] ENTRADA [SALIDA.qzf]\n"
+                 "     sabelot-preguntas convertir [--formato aiken|gift|opentdb] [--reemplazar] ENTRADA [SALIDA.qzf]\n"
                  "  Convierte preguntas de opción múltiple en Aiken, GIFT o JSON de OpenTDB a .qzf.\n"
-                 "  Sin SALIDA se escribe junto a ENTRADA, con la extensión .qzf.\n";
+                 "  Sin SALIDA se escribe junto a ENTRADA, con la extensión .qzf. Un fichero que ya\n"
+                 "  existe solo se sustituye con --reemplazar.\n";
 }
 
 bool Leer(const std::string& nombre, std::string& bytes) {
@@ -35,6 +37,7 @@ bool Leer(const std::string& nombre, std::string& bytes) {
 int Convertir(int argc, char** argv) {
     std::vector<std::string> nombres;
     bool conFormato = false;
+    bool reemplazar = false;
     sabelot::FormatoEntrada formato = sabelot::FormatoEntrada::Aiken;
     for (int i = 2; i < argc; ++i) {
         const std::string a = argv[i];
@@ -44,6 +47,8 @@ int Convertir(int argc, char** argv) {
                 return 2;
             }
             conFormato = true;
+        } else if (a == "--reemplazar") {
+            reemplazar = true;
         } else if (a.rfind("--", 0) == 0) {
             Uso();
             return 2;
@@ -82,10 +87,20 @@ int Convertir(int argc, char** argv) {
         std::cerr << "No se escribe " << salida << ": no hay ninguna pregunta\n";
         return 1;
     }
-    std::ofstream f(salida, std::ios::binary | std::ios::trunc);
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    // Un fichero de preguntas escrito a mano no se pierde por un nombre repetido.
+    if (!reemplazar && fs::exists(fs::u8path(salida), ec)) {
+        std::cerr << salida << ": ya existe y no se toca; dé otro nombre o añada --reemplazar\n";
+        return 2;
+    }
+    // Se escribe aparte y se pone en su sitio al final: si algo falla, lo que había sigue ahí.
+    const std::string temporal = salida + ".nuevo";
+    std::ofstream f(fs::u8path(temporal), std::ios::binary | std::ios::trunc);
     f << r.qzf;
     f.close();
-    if (!f) {
+    if (!f || (fs::rename(fs::u8path(temporal), fs::u8path(salida), ec), ec)) {
+        fs::remove(fs::u8path(temporal), ec);
         std::cerr << salida << ": no se puede escribir el fichero\n";
         return 2;
     }

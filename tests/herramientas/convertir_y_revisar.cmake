@@ -1,0 +1,53 @@
+# Lo que hace un profesor: convertir un fichero, revisarlo, y no perder el que ya tenía.
+#   cmake -DPROGRAMA=... -DDATOS=... -DTRABAJO=... -P convertir_y_revisar.cmake
+function(orden esperado)
+  execute_process(COMMAND ${PROGRAMA} ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE salida ERROR_VARIABLE errores)
+  if(NOT rc EQUAL esperado)
+    message(FATAL_ERROR "sabelot-preguntas ${ARGN}: salió con ${rc} y se esperaba ${esperado}\n${salida}${errores}")
+  endif()
+  set(dicho "${salida}${errores}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${TRABAJO})
+file(MAKE_DIRECTORY ${TRABAJO})
+foreach(nombre gift_bueno.gift aiken_bueno.txt opentdb_bueno.json)
+  file(COPY ${DATOS}/${nombre} DESTINATION ${TRABAJO})
+  get_filename_component(base ${nombre} NAME_WLE)
+  # Sin SALIDA: junto a la entrada, con la extensión .qzf, igual byte a byte al esperado.
+  orden(0 convertir ${TRABAJO}/${nombre})
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${TRABAJO}/${base}.qzf ${DATOS}/${base}.qzf
+                  RESULT_VARIABLE distinto)
+  if(distinto)
+    message(FATAL_ERROR "${nombre}: lo convertido no es ${base}.qzf")
+  endif()
+  orden(0 revisar ${TRABAJO}/${base}.qzf)
+  if(NOT dicho MATCHES "sin problemas")
+    message(FATAL_ERROR "revisar ${base}.qzf: ${dicho}")
+  endif()
+endforeach()
+
+# Un .qzf que ya existe no se sobrescribe sin --reemplazar.
+file(WRITE ${TRABAJO}/mio.qzf "q>Escrita a mano\r\n1>Sí\r\n2>No\r\na>1\r\n\r\n")
+file(SHA256 ${TRABAJO}/mio.qzf antes)
+orden(2 convertir ${DATOS}/gift_bueno.gift ${TRABAJO}/mio.qzf)
+file(SHA256 ${TRABAJO}/mio.qzf despues)
+if(NOT antes STREQUAL despues OR NOT dicho MATCHES "ya existe")
+  message(FATAL_ERROR "mio.qzf cambió o no se dijo por qué: ${dicho}")
+endif()
+orden(0 convertir --reemplazar ${DATOS}/gift_bueno.gift ${TRABAJO}/mio.qzf)
+execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${TRABAJO}/mio.qzf ${DATOS}/gift_bueno.qzf
+                RESULT_VARIABLE distinto)
+if(distinto)
+  message(FATAL_ERROR "--reemplazar no dejó lo convertido")
+endif()
+
+# Nada convertible: no se escribe nada y se dice; lo roto a medias sale con 1.
+orden(1 convertir ${DATOS}/opentdb_invalido.json ${TRABAJO}/vacio.qzf)
+if(EXISTS ${TRABAJO}/vacio.qzf)
+  message(FATAL_ERROR "se escribió un .qzf sin preguntas")
+endif()
+orden(1 convertir ${DATOS}/aiken_roto.txt ${TRABAJO}/roto.qzf)
+if(NOT dicho MATCHES "línea 17: tiene 10 respuestas")
+  message(FATAL_ERROR "los avisos no llevan su línea: ${dicho}")
+endif()
+orden(2 convertir ${TRABAJO}/no_existe.txt)
