@@ -1,0 +1,1 @@
+int sin_biblioteca_falsa(void) { return 0; }

@@ -1,0 +1,16 @@
+# El lanzador de Linux con una biblioteca que falta: no arranca y dice qué instalar.
+#   cmake -DLANZADOR=... -DPROGRAMA=... -DTRABAJO=... -P lanzador.cmake
+file(REMOVE_RECURSE ${TRABAJO})
+file(MAKE_DIRECTORY ${TRABAJO})
+file(COPY ${LANZADOR} DESTINATION ${TRABAJO})
+file(COPY_FILE ${PROGRAMA} ${TRABAJO}/sabelot.bin)
+execute_process(COMMAND ${TRABAJO}/sabelot RESULT_VARIABLE rc OUTPUT_VARIABLE salida ERROR_VARIABLE errores)
+if(rc EQUAL 0)
+  message(FATAL_ERROR "arrancó sin su biblioteca")
+endif()
+foreach(trozo "faltan estas bibliotecas" "libSDL2_mixer-9.9.so.0" "sudo apt install libsdl2-mixer-2.0-0")
+  string(FIND "${errores}" "${trozo}" donde)
+  if(donde EQUAL -1)
+    message(FATAL_ERROR "falta «${trozo}» en lo que dice:\n${errores}")
+  endif()
+endforeach()
