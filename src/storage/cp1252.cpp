@@ -1,5 +1,7 @@
 #include "storage/cp1252.h"
 
+#include "storage/utf8.h"
+
 #include <cstdint>
 
 namespace sabelot {
@@ -13,24 +15,6 @@ constexpr char32_t kAltos[32] = {
     0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
 };
-
-void PonerUtf8(std::string& s, char32_t c) {
-    if (c < 0x80) {
-        s.push_back(static_cast<char>(c));
-    } else if (c < 0x800) {
-        s.push_back(static_cast<char>(0xC0 | (c >> 6)));
-        s.push_back(static_cast<char>(0x80 | (c & 0x3F)));
-    } else if (c < 0x10000) {
-        s.push_back(static_cast<char>(0xE0 | (c >> 12)));
-        s.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
-        s.push_back(static_cast<char>(0x80 | (c & 0x3F)));
-    } else {
-        s.push_back(static_cast<char>(0xF0 | (c >> 18)));
-        s.push_back(static_cast<char>(0x80 | ((c >> 12) & 0x3F)));
-        s.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
-        s.push_back(static_cast<char>(0x80 | (c & 0x3F)));
-    }
-}
 
 }  // namespace
 
@@ -54,30 +38,9 @@ std::string Utf8ACp1252(const std::string& texto, bool* perdido) {
     if (perdido) *perdido = false;
     std::size_t i = 0;
     while (i < texto.size()) {
-        unsigned char b = static_cast<unsigned char>(texto[i]);
         char32_t c = 0;
-        std::size_t n = 1;
-        if (b < 0x80) {
-            c = b;
-        } else if ((b & 0xE0) == 0xC0) {
-            c = b & 0x1F;
-            n = 2;
-        } else if ((b & 0xF0) == 0xE0) {
-            c = b & 0x0F;
-            n = 3;
-        } else if ((b & 0xF8) == 0xF0) {
-            c = b & 0x07;
-            n = 4;
-        } else {
-            c = 0xFFFD;
-        }
-        bool valido = i + n <= texto.size();
-        for (std::size_t k = 1; valido && k < n; ++k) {
-            unsigned char cb = static_cast<unsigned char>(texto[i + k]);
-            if ((cb & 0xC0) != 0x80) valido = false;
-            else c = (c << 6) | (cb & 0x3F);
-        }
-        if (!valido) {
+        std::size_t n = LeerUtf8(texto, i, c);
+        if (n == 0) {
             c = 0xFFFD;
             n = 1;
         }
