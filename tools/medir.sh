@@ -35,8 +35,8 @@ DISPLAY= tools/medir_arranque.sh "$veces" >"$tmp/arranque.txt"
 echo "Latencia ($veces tandas de 50 teclas por programa)..." >&2
 tools/con_pantalla.sh bash -c '
   for i in $(seq '"$veces"'); do
-    tools/medir_latencia.py eco '"$dir"'/bench/eco_minimo 50 | sed "s/^/eco /"
-    tools/medir_latencia.py juego '"$dir"'/programa 50 | sed "s/^/juego /"
+    /usr/bin/python3 tools/medir_latencia.py eco '"$dir"'/bench/eco_minimo 50 | sed "s/^/eco /"
+    /usr/bin/python3 tools/medir_latencia.py juego '"$dir"'/programa 50 | sed "s/^/juego /"
   done' >"$tmp/latencia.txt"
 carga_despues=$(cut -d' ' -f1-3 /proc/loadavg)
 

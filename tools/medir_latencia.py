@@ -19,24 +19,8 @@ import tempfile
 import time
 
 
-def escuchar(salida):
-    import pyatspi
-    f = open(salida, "w", buffering=1)
-
-    def cb(ev):
-        t = time.time()
-        try:
-            foco = ev.source.getState().contains(pyatspi.STATE_FOCUSED)
-        except Exception:
-            foco = None
-        valor = ev.any_data if isinstance(ev.any_data, str) else None
-        f.write(json.dumps({"t": t, "tipo": ev.type, "foco": foco, "d1": ev.detail1, "valor": valor},
-                           ensure_ascii=False) + "\n")
-
-    pyatspi.Registry.registerEventListener(
-        cb, "object:property-change:accessible-description", "object:state-changed:focused")
-    f.write(json.dumps({"t": time.time(), "tipo": "listo"}) + "\n")
-    pyatspi.Registry.start()
+# El mismo oyente que la prueba de lo que oye el lector: eventos en JSON, uno por línea.
+OYENTE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "gui", "oido_e2e.py")
 
 
 def eventos(fichero, desde):
@@ -93,9 +77,6 @@ class Teclado:
 
 
 def main():
-    if len(sys.argv) == 3 and sys.argv[1] == "--escuchar":
-        escuchar(sys.argv[2])
-        return 0
     if len(sys.argv) not in (3, 4) or sys.argv[1] not in ("juego", "eco"):
         print(__doc__)
         return 2
@@ -111,7 +92,7 @@ def main():
             exe = os.path.join(carpeta, "juego", "sabelot")
         else:
             exe = ruta
-        escucha = subprocess.Popen([sys.executable, os.path.abspath(__file__), "--escuchar", fichero])
+        escucha = subprocess.Popen([sys.executable, OYENTE, "--escuchar", fichero])
         if not esperar(fichero, 0, lambda e: e.get("tipo") == "listo", 20):
             print("el oyente de AT-SPI no arranca", file=sys.stderr)
             return 1
@@ -120,8 +101,9 @@ def main():
                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
         teclado = Teclado()
         if modo == "juego":
-            # La bienvenida, y Enter para cerrarla: el foco vuelve al tablero.
-            if not esperar(fichero, inicio, lambda e: "Partida de" in (e.get("valor") or ""), 30):
+            # La bienvenida (el cuadro la lleva como descripción al recibir el foco), y Enter para
+            # cerrarla: el foco vuelve al tablero.
+            if not esperar(fichero, inicio, lambda e: "Partida de" in (e.get("ventana_desc") or e.get("valor") or ""), 30):
                 print("no llega la bienvenida", file=sys.stderr)
                 return 1
             time.sleep(0.5)
