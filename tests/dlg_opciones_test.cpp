@@ -105,11 +105,9 @@ TEST_F(DlgOpcionesTest, AlCargarMuestraLosControlesDelDiseno) {
     EXPECT_EQ(d.CancelButton.Caption, "Canc&elar");
     EXPECT_TRUE(d.OKButton.Enabled);
     EXPECT_EQ(d.Foco, C::List1_0);
-    EXPECT_EQ(d.List1[0].ListIndex, 0);
-    EXPECT_EQ(d.List1[1].ListIndex, 0);
-    EXPECT_EQ(d.List2[0].ListIndex, 0);
-    EXPECT_EQ(d.List2[1].ListIndex, -1);
-    EXPECT_EQ(d.List2[2].ListIndex, 0);
+    EXPECT_EQ((std::vector<int>{d.List1[0].ListIndex, d.List1[1].ListIndex, d.List2[0].ListIndex,
+                                d.List2[1].ListIndex, d.List2[2].ListIndex}),
+              (std::vector<int>{0, 0, 0, -1, 0}));
     EXPECT_TRUE(p.mensajes.empty());
 }
 
@@ -168,19 +166,6 @@ TEST_F(DlgOpcionesTest, CanalesPorFicheroElegido) {
             EXPECT_EQ(m.FicheroTema[p + 1], caso.ficheros[p]);
         }
     }
-}
-
-TEST_F(DlgOpcionesTest, ElegirLosSeisFicherosConTeclasDaLosCanales) {
-    // A, B, A, C, B, D con la lista ordenada A B C D.
-    Preguntas({"D", "C", "B", "A"});
-    d.Mostrar();
-    const int fichero[6] = {0, 1, 0, 2, 1, 3};
-    for (int c = 0; c < 6; ++c) ElegirFichero(c, fichero[c]);
-    EXPECT_EQ(d.Foco, C::OKButton);
-    d.Pulsar(C::OKButton);
-    EXPECT_EQ(Ini(),
-              "1,1\r\n\"A\",\"A \",1\r\n\"B\",\"B \",2\r\n\"A\",\"A \",1\r\n\"C\",\"C \",3\r\n\"B\",\"B \",2\r\n"
-              "\"D\",\"D \",4\r\n");
 }
 
 TEST_F(DlgOpcionesTest, AlSalirDeLosFicherosConLosSeisElegidosElFocoVaAAceptar) {
@@ -334,11 +319,18 @@ TEST_F(DlgOpcionesTest, EditarLaEtiqueta) {
     EXPECT_EQ(m.EtiquetaTema[2], " ");
 }
 
-TEST_F(DlgOpcionesTest, EtiquetaQueWindows1252NoGuardaSeRechazaYSePideOtra) {
-    // Antes se aceptaban y volvían como "?" al leer Sabelot.ini o una partida guardada.
-    const std::string rechazadas[] = {"Cine 日本", "Historia ő", std::string("Cine \xff\xfe", 7),
-                                      "Cine\tnegro", "Cine\r\nnegro"};
-    for (const std::string& mala : rechazadas) {
+TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
+    // Antes se aceptaban y volvían como "?" (o rompían las comillas) al leer Sabelot.ini o una partida.
+    const std::string kLetras = "La etiqueta lleva letras o signos que el juego no puede guardar. Escriba otra.";
+    const std::pair<std::string, std::string> rechazadas[] = {
+        {"Cine 日本", kLetras},
+        {"Historia ő", kLetras},
+        {std::string("Cine \xff\xfe", 7), kLetras},
+        {"Cine\tnegro", kLetras},
+        {"Cine\r\nnegro", kLetras},
+        {"Cine \"negro\"", "La etiqueta no puede llevar comillas dobles. Escriba otra."},
+    };
+    for (const auto& [mala, aviso] : rechazadas) {
         SCOPED_TRACE(mala);
         Preguntas({"cine"});
         d.Mostrar();
@@ -349,36 +341,19 @@ TEST_F(DlgOpcionesTest, EtiquetaQueWindows1252NoGuardaSeRechazaYSePideOtra) {
         p.textos = {mala, "Cine €ñ"};
         Tecla(C::List2_2, kF2);
         ASSERT_EQ(p.mensajes.size(), 1u);
-        EXPECT_EQ(p.mensajes[0].texto,
-                  "La etiqueta lleva letras o signos que el juego no puede guardar. Escriba otra.");
+        EXPECT_EQ(p.mensajes[0].texto, aviso);
         EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+        EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
         ASSERT_EQ(p.entradas.size(), 2u);
         EXPECT_EQ(p.entradas[1].inicial, mala);
         // Lo que sí cabe en Windows-1252 (€, ñ) se queda.
         EXPECT_EQ(Etiquetas()[0], "Cine €ñ");
+        // Cancelar tras el rechazo deja la etiqueta de antes.
+        p.textos = {mala, ""};
+        Tecla(C::List2_2, kF2);
+        EXPECT_EQ(Etiquetas()[0], "Cine €ñ");
         d.Pulsar(C::CancelButton);
     }
-}
-
-TEST_F(DlgOpcionesTest, EtiquetaConComillasDoblesSeRechazaYSePideOtra) {
-    Preguntas({"cine"});
-    d.Mostrar();
-    Categoria(0);
-    d.CambiarFoco(C::List2_2);
-    p.textos = {"Cine \"negro\"", "Cine negro"};
-    Tecla(C::List2_2, kF2);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto, "La etiqueta no puede llevar comillas dobles. Escriba otra.");
-    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
-    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
-    ASSERT_EQ(p.entradas.size(), 2u);
-    EXPECT_EQ(p.entradas[1].inicial, "Cine \"negro\"");
-    EXPECT_EQ(Etiquetas()[0], "Cine negro");
-
-    // Cancelar tras el rechazo deja la etiqueta de antes.
-    p.textos = {"\"", ""};
-    Tecla(C::List2_2, kF2);
-    EXPECT_EQ(Etiquetas()[0], "Cine negro");
 }
 
 TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
@@ -603,6 +578,12 @@ TEST_F(DlgOpcionesTest, SinFicherosDePreguntas) {
         EXPECT_EQ(d2.List2[2].List[1], "Cine");
         d2.Pulsar(C::CancelButton);
         EXPECT_FALSE(d2.Visible);
+        // Al volver a abrir sin ficheros se avisa otra vez; sin nombres que falten, Aceptar guarda.
+        d2.Mostrar();
+        EXPECT_EQ(p2.TextosMensajes(), (std::vector<std::string>{kAvisoCarpetaVacia, kAvisoCarpetaVacia}));
+        d2.Pulsar(C::OKButton);
+        EXPECT_FALSE(d2.Visible);
+        EXPECT_TRUE(p2.carpeta.Existe("Sabelot.ini"));
     }
 }
 
@@ -654,19 +635,6 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
     EXPECT_FALSE(d.Visible);
     EXPECT_EQ(m.FicheroTema[4], "arte");
     EXPECT_NE(Ini(), antes);
-}
-
-TEST_F(DlgOpcionesTest, SinFicherosYSinNombresAceptarGuarda) {
-    d.Mostrar();
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    // Al volver a abrir sin ficheros, se avisa otra vez.
-    d.Pulsar(C::CancelButton);
-    d.Mostrar();
-    ASSERT_EQ(p.mensajes.size(), 2u);
-    EXPECT_EQ(p.mensajes[1].texto, kAvisoCarpetaVacia);
-    d.Pulsar(C::OKButton);
-    EXPECT_FALSE(d.Visible);
-    EXPECT_TRUE(p.carpeta.Existe("Sabelot.ini"));
 }
 
 TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
