@@ -11,10 +11,17 @@ namespace {
 
 using prueba::Qzf;
 
+// Cuenta y apunta el pitido y el texto de la respuesta en cada refresco.
 class VistaCuenta : public VistaDialog1 {
 public:
     int refrescos = 0, ocultaciones = 0;
-    void Refrescar() override { ++refrescos; }
+    const prueba::PlataformaGuion* p = nullptr;
+    const Dialog1* d = nullptr;
+    std::pair<int, std::string> visto;
+    void Refrescar() override {
+        ++refrescos;
+        if (p && d) visto = {p->pitidos, d->Text2};
+    }
     void Ocultar() override { ++ocultaciones; }
 };
 
@@ -130,25 +137,6 @@ TEST_F(Dialogo1, TeclasDeLasRespuestas) {
     EXPECT_EQ(0, caracter);
 }
 
-// El pitido va antes de cambiar el texto.
-TEST_F(Dialogo1, PitidoAntesDelCambio) {
-    struct VistaTexto : VistaDialog1 {
-        prueba::PlataformaGuion* p = nullptr;
-        Dialog1* d = nullptr;
-        std::vector<std::pair<int, std::string>> vistos;
-        void Refrescar() override { vistos.emplace_back(p->pitidos, d->Text2); }
-        void Ocultar() override {}
-    } vista;
-    vista.p = &p;
-    vista.d = &d;
-    Poner(1, kTres);
-    Abrir(1);
-    d.PonerVista(&vista);
-    Tecla(38);
-    ASSERT_FALSE(vista.vistos.empty());
-    EXPECT_EQ(std::make_pair(1, std::string("3. Ocho")), vista.vistos.back());
-}
-
 TEST_F(Dialogo1, UnaSolaRespuestaPitaYSeRepite) {
     Poner(1, Qzf({"q>P", "1>Sola", "a>1"}));
     Abrir(1);
@@ -209,15 +197,19 @@ TEST_F(Dialogo1, Veredictos) {
     }
 }
 
-TEST_F(Dialogo1, LaVistaSeOcultaAlJuzgar) {
+// El pitido va antes de cambiar el texto; la vista se oculta al juzgar.
+TEST_F(Dialogo1, LaVistaSeRefrescaTrasElPitidoYSeOcultaAlJuzgar) {
     VistaCuenta vista;
+    vista.p = &p;
+    vista.d = &d;
     d.PonerVista(&vista);
     Poner(1, kTres);
     Abrir(1);
     EXPECT_GE(vista.refrescos, 1);
     int antes = vista.refrescos;
-    Tecla(40);
+    Tecla(38);
     EXPECT_EQ(antes + 1, vista.refrescos);
+    EXPECT_EQ(std::make_pair(1, std::string("3. Ocho")), vista.visto);
     EXPECT_EQ(0, vista.ocultaciones);
     Tecla(13);
     EXPECT_EQ(1, vista.ocultaciones);

@@ -125,7 +125,7 @@ TEST_F(DialogTest, CadaCargaEmpiezaDeCero) {
     EXPECT_TRUE(d.Cargado);
 }
 
-TEST_F(DialogTest, CerrarSinElegirYContestarNoLoDejaComoEstaba) {
+TEST_F(DialogTest, CerrarSinElegirPreguntaSiSeAbandona) {
     Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
     const auto antes = Botones();
     p.siNo = {vbNo};
@@ -138,17 +138,19 @@ TEST_F(DialogTest, CerrarSinElegirYContestarNoLoDejaComoEstaba) {
     EXPECT_EQ(d.Foco, 0);
     EXPECT_TRUE(d.Cargado);
     EXPECT_EQ(m.ValorElegido, -1);
-}
-
-TEST_F(DialogTest, CerrarSinElegirYContestarSiTerminaElPrograma) {
-    Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
+    // Con Sí se acaba el programa.
     p.siNo = {vbYes};
     EXPECT_THROW(d.Form_QueryUnload(), ProgramaTerminado);
 }
 
-TEST_F(DialogTest, TrasElegirSeCierraSinPreguntar) {
+TEST_F(DialogTest, TrasElegirSeCierraSinPreguntarYDescargaLaVista) {
+    VistaCuenta vista;
+    d.PonerVista(&vista);
     Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
+    EXPECT_GE(vista.refrescos, 2);
+    EXPECT_EQ(vista.descargas, 0);
     d.Command1_Click(1);
+    EXPECT_EQ(vista.descargas, 1);
     EXPECT_FALSE(d.Form_QueryUnload());
     EXPECT_TRUE(p.mensajes.empty());
 }
@@ -179,16 +181,6 @@ TEST_F(DialogTest, MensajeSinDosPuntosAvisaDelError) {
     EXPECT_TRUE(d.Cargado);
     EXPECT_EQ(d.Titulo, "3");
     EXPECT_EQ(d.Command1[0].Caption, "Command1");
-}
-
-TEST_F(DialogTest, LaVistaSeRefrescaYSeDescargaAlElegir) {
-    VistaCuenta vista;
-    d.PonerVista(&vista);
-    Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
-    EXPECT_GE(vista.refrescos, 2);
-    EXPECT_EQ(vista.descargas, 0);
-    d.Command1_Click(0);
-    EXPECT_EQ(vista.descargas, 1);
 }
 
 TEST_F(DialogTest, UnBotonOcultoNoSePuedePulsar) {
