@@ -34,8 +34,6 @@ std::vector<std::string> Bueno(const std::string& pregunta) {
     return {"q>" + pregunta, "1>Uno", "2>Dos", "a>2", ""};
 }
 
-// Como Qzf, pero de una lista hecha a trozos.
-
 class LectorPreguntas : public ::testing::Test {
 protected:
     prueba::PlataformaGuion p;
@@ -72,6 +70,15 @@ protected:
         auto t = p.TextosMensajes();
         return static_cast<int>(std::count(t.begin(), t.end(), kVuelta));
     }
+};
+
+// Un lector aparte, con su carpeta, para cada caso de una tabla.
+struct Aparte {
+    explicit Aparte(const Module1& base) : m(base) {}
+    prueba::PlataformaGuion p;
+    Module1 m;
+    Canales c{p.Ficheros()};
+    Dialog1 d{m, p, c};
 };
 
 // Posición (desde 1) del byte que sigue a la línea que empieza por 'principio'.
@@ -156,22 +163,19 @@ TEST_F(LectorPreguntas, SaltaLosRegistrosQueNoSePuedenJuzgar) {
     };
     for (const auto& malo : malos) {
         SCOPED_TRACE(malo[1]);
-        prueba::PlataformaGuion p2;
-        Module1 m2 = m;
-        Canales c2(p2.Ficheros());
-        Dialog1 d2(m2, p2, c2);
+        Aparte a(m);
         std::vector<std::string> lineas = malo;
         for (const auto& l : Bueno("Buena")) lineas.push_back(l);
         std::string bytes = prueba::Qzf(lineas);
-        p2.carpeta.Escribir("preguntas/tema1.qzf", bytes);
-        d2.NTema = 1;
-        d2.AbrirFichero(false, false);
-        d2.LeerPregunta();
-        EXPECT_EQ("Buena", d2.Pregunta);
-        EXPECT_EQ(2, d2.IndiceCorrecto);
+        a.p.carpeta.Escribir("preguntas/tema1.qzf", bytes);
+        a.d.NTema = 1;
+        a.d.AbrirFichero(false, false);
+        a.d.LeerPregunta();
+        EXPECT_EQ("Buena", a.d.Pregunta);
+        EXPECT_EQ(2, a.d.IndiceCorrecto);
         EXPECT_EQ(MarcaMazo(Tras(bytes, "q>Malo")) + MarcaMazo(Tras(bytes, "q>Buena")),
-                  m2.MazoUsado[1]);
-        EXPECT_TRUE(p2.mensajes.empty());
+                  a.m.MazoUsado[1]);
+        EXPECT_TRUE(a.p.mensajes.empty());
     }
 }
 
@@ -207,18 +211,15 @@ TEST_F(LectorPreguntas, MarcaBuscadaComoSubcadena) {
         prueba::Qzf({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b", "a>1", ""});
     for (const auto& c : casos) {
         SCOPED_TRACE(c.mazo);
-        prueba::PlataformaGuion p2;
-        Module1 m2 = m;
-        Canales c2(p2.Ficheros());
-        Dialog1 d2(m2, p2, c2);
-        p2.carpeta.Escribir("preguntas/tema1.qzf", bytes);
-        m2.MazoUsado[1] = c.mazo;
-        m2.TotalMazo[1] = 2;
-        d2.NTema = 1;
-        d2.AbrirFichero(false, false);
-        d2.LeerPregunta();
-        EXPECT_EQ(c.usada ? "B" : "A", d2.Pregunta);
-        EXPECT_EQ(c.mazo + (c.usada ? "1B4]" : "1A3]"), m2.MazoUsado[1]);
+        Aparte a(m);
+        a.p.carpeta.Escribir("preguntas/tema1.qzf", bytes);
+        a.m.MazoUsado[1] = c.mazo;
+        a.m.TotalMazo[1] = 2;
+        a.d.NTema = 1;
+        a.d.AbrirFichero(false, false);
+        a.d.LeerPregunta();
+        EXPECT_EQ(c.usada ? "B" : "A", a.d.Pregunta);
+        EXPECT_EQ(c.mazo + (c.usada ? "1B4]" : "1A3]"), a.m.MazoUsado[1]);
     }
 }
 
@@ -466,25 +467,22 @@ TEST_F(LectorPreguntas, FallosAlAbrir) {
     };
     for (const auto& c : casos) {
         SCOPED_TRACE(c.nombre);
-        prueba::PlataformaGuion p2;
-        Module1 m2 = m;
-        Canales c2(p2.Ficheros());
-        Dialog1 d2(m2, p2, c2);
-        c.preparar(p2, m2);
-        d2.NTema = 1;
-        p2.MostrarDialog1(d2);
+        Aparte a(m);
+        c.preparar(a.p, a.m);
+        a.d.NTema = 1;
+        a.p.MostrarDialog1(a.d);
         // Cuenta y apertura fallan las dos en la misma activación: el mensaje sale dos veces.
-        EXPECT_EQ(std::vector<std::string>({c.mensaje, c.mensaje}), p2.TextosMensajes());
-        for (const auto& msg : p2.mensajes) {
+        EXPECT_EQ(std::vector<std::string>({c.mensaje, c.mensaje}), a.p.TextosMensajes());
+        for (const auto& msg : a.p.mensajes) {
             EXPECT_EQ(0, msg.estilo);
             EXPECT_EQ("Sabelot", msg.titulo);
         }
-        EXPECT_TRUE(d2.FalloApertura);
-        EXPECT_TRUE(d2.SinPregunta);
-        EXPECT_FALSE(d2.Visible);
-        EXPECT_EQ(0, m2.CuentaMazo[1]);
-        EXPECT_EQ(0, m2.TotalMazo[1]);
-        EXPECT_EQ("", d2.Text1);
+        EXPECT_TRUE(a.d.FalloApertura);
+        EXPECT_TRUE(a.d.SinPregunta);
+        EXPECT_FALSE(a.d.Visible);
+        EXPECT_EQ(0, a.m.CuentaMazo[1]);
+        EXPECT_EQ(0, a.m.TotalMazo[1]);
+        EXPECT_EQ("", a.d.Text1);
     }
 }
 
@@ -515,24 +513,21 @@ TEST_F(LectorPreguntas, FicheroSinPreguntasValidasSePara) {
     for (const auto& [nombre, bytes] : casos) {
         SCOPED_TRACE(nombre);
         for (double azar : {0.0, 0.5, 0.999}) {
-            prueba::PlataformaGuion p2;
-            Module1 m2 = m;
-            Canales c2(p2.Ficheros());
-            Dialog1 d2(m2, p2, c2);
-            p2.carpeta.Escribir("preguntas/tema1.qzf", bytes);
-            p2.azar = {azar};
-            d2.NTema = 1;
-            p2.MostrarDialog1(d2);
-            EXPECT_EQ(std::vector<std::string>({kSinPreguntas}), p2.TextosMensajes());
-            EXPECT_TRUE(d2.FalloApertura);
-            EXPECT_TRUE(d2.SinPregunta);
-            EXPECT_FALSE(d2.Visible);
-            EXPECT_FALSE(c2.Abierto(1));
-            EXPECT_EQ(0, m2.CuentaMazo[1]);
+            Aparte a(m);
+            a.p.carpeta.Escribir("preguntas/tema1.qzf", bytes);
+            a.p.azar = {azar};
+            a.d.NTema = 1;
+            a.p.MostrarDialog1(a.d);
+            EXPECT_EQ(std::vector<std::string>({kSinPreguntas}), a.p.TextosMensajes());
+            EXPECT_TRUE(a.d.FalloApertura);
+            EXPECT_TRUE(a.d.SinPregunta);
+            EXPECT_FALSE(a.d.Visible);
+            EXPECT_FALSE(a.c.Abierto(1));
+            EXPECT_EQ(0, a.m.CuentaMazo[1]);
             // Y la vez siguiente, igual: ni se cuelga ni pregunta.
-            p2.mensajes.clear();
-            p2.MostrarDialog1(d2);
-            EXPECT_EQ(std::vector<std::string>({kSinPreguntas}), p2.TextosMensajes());
+            a.p.mensajes.clear();
+            a.p.MostrarDialog1(a.d);
+            EXPECT_EQ(std::vector<std::string>({kSinPreguntas}), a.p.TextosMensajes());
         }
     }
 }
