@@ -259,13 +259,16 @@ TEST(Partidas, CargaQueNoEncuentraVuelveAPreguntarConLoEscrito) {
     JuegoPrueba jp;
     PartidaEnJuego(jp);
     jp.p.carpeta.Escribir("buena.sav", kEjemplo);
-    jp.p.textos = {"  bueno ", "../buena", "buena"};
+    jp.p.carpeta.Escribir("a.sav", kEjemplo);
+    // Un nombre con carácter prohibido no se busca, aunque lleve a un fichero que existe.
+    jp.p.textos = {"  bueno ", "../buena", "sub/../a", "CON", "buena"};
     jp.f().CargarPartida();
-    ASSERT_EQ(3u, jp.p.entradas.size());
+    ASSERT_EQ(5u, jp.p.entradas.size());
     EXPECT_EQ("", jp.p.entradas[0].inicial);
     EXPECT_EQ("  bueno ", jp.p.entradas[1].inicial);
     EXPECT_EQ("../buena", jp.p.entradas[2].inicial);
-    ASSERT_EQ(2u, jp.p.mensajes.size());
+    EXPECT_EQ("CON", jp.p.entradas[4].inicial);
+    ASSERT_EQ(4u, jp.p.mensajes.size());
     for (const auto& msg : jp.p.mensajes) {
         EXPECT_EQ(kNoEncontrada, msg.texto);
         EXPECT_EQ(vbOKOnly, msg.estilo);
@@ -399,16 +402,6 @@ TEST(Partidas, NombresQueNoSePuedenGuardar) {
         EXPECT_EQ(antes, Foto(jp));
         EXPECT_TRUE(FicherosDeLaCarpeta(jp).empty()) << caso.nombre;
     }
-}
-
-TEST(Partidas, NombreConCaracterProhibidoNoSeBuscaAlCargar) {
-    JuegoPrueba jp;
-    PartidaEnJuego(jp);
-    jp.p.carpeta.Escribir("a.sav", kEjemplo);
-    jp.p.textos = {"sub/../a", "CON", ""};
-    jp.f().CargarPartida();
-    EXPECT_EQ((std::vector<std::string>{kNoEncontrada, kNoEncontrada}), jp.p.TextosMensajes());
-    EXPECT_EQ(3, jp.m().NumJugadores);
 }
 
 // Una escritura que falla (disco lleno, no se puede cerrar o renombrar) deja la partida

@@ -30,6 +30,9 @@ TEST(Movimiento, LaFichaVaALaCasillaElegidaYPreguntaSuCategoria) {
     ASSERT_EQ(g.vistas.size(), 1u);
     EXPECT_EQ(g.vistas[0].titulo, "2");
     EXPECT_EQ(g.vistas[0].lista, "7_12_17_22_27_32_");
+    // La ventana se oculta mientras se pregunta.
+    EXPECT_EQ(g.hechosEnPregunta, std::vector<std::string>{"Ocultar"});
+    EXPECT_EQ(g.vista.hechos, (std::vector<std::string>{"Ocultar", "Mostrar"}));
 }
 
 TEST(Movimiento, CasillaDeDadosVuelveATirarSinPregunta) {
@@ -45,14 +48,6 @@ TEST(Movimiento, CasillaDeDadosVuelveATirarSinPregunta) {
     EXPECT_EQ(g.f().Texto1(), "Vuelve  a tirar los dados.");
     EXPECT_EQ(g.f().JugadorActual, 1);
     EXPECT_TRUE(g.temasPreguntados.empty());
-}
-
-TEST(Movimiento, LaVentanaSeOcultaMientrasSePregunta) {
-    PartidaGuion g;
-    g.veredictos = {'B'};
-    g.Tirar(2, 7);
-    EXPECT_EQ(g.hechosEnPregunta, std::vector<std::string>{"Ocultar"});
-    EXPECT_EQ(g.vista.hechos, (std::vector<std::string>{"Ocultar", "Mostrar"}));
 }
 
 // Una pregunta en una casilla, con el estado de antes y lo que debe quedar.

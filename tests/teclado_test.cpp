@@ -190,29 +190,22 @@ const std::string kListaTeclas =
     "F4, Control A: Permite cargar una partida previamente guardada." + C +
     "F1: Muestra esta lista de teclas.";
 
-TEST(Teclado, F1MuestraLaListaDeTeclasEnCualquierCasilla) {
-    for (int casilla : {0, 16, 38}) {
-        JuegoPrueba jp;
-        Preparar(jp);
-        jp.f().CasillaCursor = casilla;
-        jp.Tecla(vbKeyF1, vbShiftMask);
-        ASSERT_EQ(1u, jp.p.mensajes.size()) << casilla;
-        EXPECT_EQ(kListaTeclas, jp.p.mensajes[0].texto);
-        EXPECT_EQ(vbOKOnly, jp.p.mensajes[0].estilo);
-        EXPECT_EQ("Sabelot", jp.p.mensajes[0].titulo);
-        EXPECT_EQ(casilla, jp.f().CasillaCursor);
-    }
-}
-
-TEST(Teclado, EMuestraLasEstadisticasEnCualquierCasilla) {
-    for (int casilla : {0, 38}) {
-        JuegoPrueba jp;
-        Preparar(jp);
-        jp.f().CasillaCursor = casilla;
-        jp.Tecla(vbKeyE, vbShiftMask);
-        ASSERT_EQ(1u, jp.p.mensajes.size());
-        EXPECT_EQ(0u, jp.p.mensajes[0].texto.find("Jugador 1."));
-        EXPECT_EQ(casilla, jp.f().CasillaCursor);
+// F1 y e dicen su mensaje en cualquier casilla, sin mover el cursor.
+TEST(Teclado, F1YEDicenSuMensajeEnCualquierCasilla) {
+    for (int tecla : {int{vbKeyF1}, int{vbKeyE}}) {
+        for (int casilla : {0, 16, 38}) {
+            SCOPED_TRACE(std::to_string(tecla) + " en " + std::to_string(casilla));
+            JuegoPrueba jp;
+            Preparar(jp);
+            jp.f().CasillaCursor = casilla;
+            jp.Tecla(tecla, vbShiftMask);
+            ASSERT_EQ(1u, jp.p.mensajes.size());
+            if (tecla == vbKeyF1) EXPECT_EQ(kListaTeclas, jp.p.mensajes[0].texto);
+            else EXPECT_EQ(0u, jp.p.mensajes[0].texto.find("Jugador 1."));
+            EXPECT_EQ(vbOKOnly, jp.p.mensajes[0].estilo);
+            EXPECT_EQ("Sabelot", jp.p.mensajes[0].titulo);
+            EXPECT_EQ(casilla, jp.f().CasillaCursor);
+        }
     }
 }
 
