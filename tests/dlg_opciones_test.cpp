@@ -362,11 +362,7 @@ TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
     Etiqueta(0, "Cine");
     d.Pulsar(C::OKButton);
     EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
-    d.Mostrar();
-    d.Pulsar(C::OKButton);
-    EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
-
-    // Otra vez en otra ejecución, desde el fichero guardado.
+    // Otra ejecución, desde el fichero guardado (en la misma lo mira FicheroDeOpcionesExactoYLeidoIgual).
     Module1 m2;
     LeerOpciones(m2, p, canales);
     ASSERT_EQ(m2.EtiquetaTema[1], "Cine ");
@@ -673,21 +669,44 @@ protected:
 };
 
 TEST_F(FlujoOpcionesTest, AceptarConTresJugadores) {
+    j.f().PosicionFicha = {0, 30, 12, 0, 0, 0, 0};
     j.f().CasillaCursor = 30;
+    j.f().JugadorActual = 2;
+    j.m().Preguntas(1, 2) = 4;
     j.p.siNo = {vbYes};
     j.p.alMostrarDlgOpciones = [&](DlgOpciones& d) {
+        // La partida ya se ha ido: un jugador, tablas de uno y el cursor en el centro.
+        EXPECT_EQ(j.m().Preguntas.Jugadores(), 1);
+        EXPECT_EQ(j.f().CasillaCursor, 0);
         d.Mostrar();
-        EXPECT_EQ(d.List1[0].ListIndex, 0);  // la partida ya se ha ido: un jugador
+        EXPECT_EQ(d.List1[0].ListIndex, 0);
         EXPECT_EQ(d.List1[1].ListIndex, 2);
         d.Tecla(C::List1_0, kAbajo, 0);
         d.Tecla(C::List1_0, kAbajo, 0);
         d.Pulsar(C::OKButton);
     };
-    j.Tecla('O', 2);
-    // Las tablas a la medida de los jugadores las mira Teclado.OpcionesAceptadasConTresJugadores.
+    j.Tecla('O', vbCtrlMask | vbShiftMask);
+    ASSERT_EQ(j.p.mensajes.size(), 1u);
+    EXPECT_EQ(j.p.mensajes[0].texto,
+              "Ésto Cancelará la partida actual e iniciará  una nueva. ¿Desea continuar?");
+    EXPECT_EQ(j.p.mensajes[0].estilo, vbYesNo);
+    EXPECT_EQ(j.p.mensajes[0].titulo, "Modificar opciones");
     EXPECT_EQ(j.p.opcionesMostradas, 1);
     EXPECT_EQ(j.m().NumJugadores, 3);
+    // Tablas a la medida de los jugadores nuevos, y partida nueva.
+    EXPECT_EQ(j.m().Preguntas.Jugadores() * 1000 + j.m().Aciertos.Jugadores() * 100 +
+                  j.m().QuesitoGanado.Jugadores() * 10 + j.m().NumQuesitos.Limite(),
+              3333);
+    EXPECT_EQ(j.m().Preguntas(1, 2), 0);
+    EXPECT_EQ(j.f().PosicionFicha, (std::array<int, 7>{}));
+    EXPECT_EQ(j.f().JugadorActual, 1);
     EXPECT_EQ(j.f().CasillaCursor, 0);
+    EXPECT_EQ(j.f().Texto1().find("Casilla central"), 0u);
+    EXPECT_NE(j.f().Texto1().find("Todas las fichas."), std::string::npos);
+    // El título no se escribe aquí: llega con la siguiente tecla.
+    EXPECT_EQ(j.f().Titulo(), "SÁBELOT - Jugador 2");
+    j.Tecla(90);
+    EXPECT_EQ(j.f().Titulo(), "SÁBELOT - Jugador 1");
 }
 
 TEST_F(FlujoOpcionesTest, CancelarDejaUnJugador) {

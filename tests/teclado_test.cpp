@@ -200,8 +200,10 @@ TEST(Teclado, F1YEDicenSuMensajeEnCualquierCasilla) {
             jp.f().CasillaCursor = casilla;
             jp.Tecla(tecla, vbShiftMask);
             ASSERT_EQ(1u, jp.p.mensajes.size());
-            if (tecla == vbKeyF1) EXPECT_EQ(kListaTeclas, jp.p.mensajes[0].texto);
-            else EXPECT_EQ(0u, jp.p.mensajes[0].texto.find("Jugador 1."));
+            if (tecla == vbKeyF1)
+                EXPECT_EQ(kListaTeclas, jp.p.mensajes[0].texto);
+            else
+                EXPECT_EQ(0u, jp.p.mensajes[0].texto.find("Jugador 1."));
             EXPECT_EQ(vbOKOnly, jp.p.mensajes[0].estilo);
             EXPECT_EQ("Sabelot", jp.p.mensajes[0].titulo);
             EXPECT_EQ(casilla, jp.f().CasillaCursor);
@@ -311,47 +313,7 @@ TEST(Teclado, ElDadoSuenaYUnFinalEsUnaTirada) {
     EXPECT_EQ(2u, jp.p.mensajes.size());
 }
 
-TEST(Teclado, OpcionesAceptadasConTresJugadores) {
-    JuegoPrueba jp;
-    Preparar(jp, 2);
-    jp.f().CasillaCursor = 30;
-    jp.f().PosicionFicha = {0, 30, 12, 0, 0, 0, 0};
-    jp.f().JugadorActual = 2;
-    jp.m().Preguntas(1, 2) = 4;
-    jp.p.siNo.push_back(vbYes);
-    int jugadoresAlAbrir = -1;
-    jp.p.alMostrarDlgOpciones = [&](DlgOpciones&) {
-        jugadoresAlAbrir = jp.m().NumJugadores;
-        EXPECT_EQ(1, jp.m().Preguntas.Jugadores());
-        EXPECT_EQ(0, jp.f().CasillaCursor);
-        jp.m().NumJugadores = 3;
-        jp.m().QuesitosParaGanar = 4;
-    };
-    jp.Tecla(vbKeyO, vbCtrlMask | vbShiftMask);
-    ASSERT_EQ(1u, jp.p.mensajes.size());
-    EXPECT_EQ("Ésto Cancelará la partida actual e iniciará  una nueva. ¿Desea continuar?",
-              jp.p.mensajes[0].texto);
-    EXPECT_EQ(vbYesNo, jp.p.mensajes[0].estilo);
-    EXPECT_EQ("Modificar opciones", jp.p.mensajes[0].titulo);
-    EXPECT_EQ(1, jugadoresAlAbrir);
-    EXPECT_EQ(1, jp.p.opcionesMostradas);
-    EXPECT_EQ(3, jp.m().NumJugadores);
-    EXPECT_EQ(3, jp.m().Preguntas.Jugadores());
-    EXPECT_EQ(3, jp.m().Aciertos.Jugadores());
-    EXPECT_EQ(3, jp.m().QuesitoGanado.Jugadores());
-    EXPECT_EQ(3, jp.m().NumQuesitos.Limite());
-    EXPECT_EQ(0, jp.m().Preguntas(1, 2));
-    EXPECT_EQ((std::array<int, 7>{}), jp.f().PosicionFicha);
-    EXPECT_EQ(1, jp.f().JugadorActual);
-    EXPECT_EQ(0, jp.f().CasillaCursor);
-    EXPECT_EQ(0u, jp.f().Texto1().find("Casilla central"));
-    EXPECT_NE(std::string::npos, jp.f().Texto1().find("Todas las fichas."));
-    // El título no se escribe aquí: llega con la siguiente tecla.
-    EXPECT_EQ("SÁBELOT - Jugador 2", jp.f().Titulo());
-    jp.Tecla(90);
-    EXPECT_EQ("SÁBELOT - Jugador 1", jp.f().Titulo());
-}
-
+// Aceptar las opciones con Control+O: FlujoOpcionesTest.AceptarConTresJugadores.
 TEST(Teclado, OpcionesConNoNoTocanNada) {
     JuegoPrueba jp;
     Preparar(jp, 2);
