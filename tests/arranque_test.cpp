@@ -15,6 +15,10 @@ using prueba::JuegoPrueba;
 const std::string kSegundaLinea =
     "Pulse Control o para modificar las opciones y F1 para ver la lista de teclas.\r\n"
     "Las categorías actualmente seleccionadas son: \r\n";
+// Lo que dice el panel en una partida nueva: el centro mirando a la categoría 1.
+const std::string kCentroAlEmpezar =
+    "Casilla central\r\n Cine arriba\r\n Literatura  abajo \r\nizquierda / derecha girar\r\n"
+    "Todas las fichas.";
 
 // Los casos de tests/datos/bienvenida.txt.
 TEST(Bienvenida, TextoSegunJugadoresYQuesitos) {
@@ -101,9 +105,7 @@ TEST(Arranque, EstadoAntesDeLaPrimeraTecla) {
     EXPECT_EQ(j.f().CaminosPendientes, 0);
     EXPECT_EQ(j.f().Titulo(), "SÁBELOT - Jugador 1");
     EXPECT_EQ(j.f().Tablero[11].Izquierda, 37);
-    EXPECT_EQ(panel,
-              "Casilla central\r\n Cine arriba\r\n Literatura  abajo \r\nizquierda / derecha girar\r\n"
-              "Todas las fichas.");
+    EXPECT_EQ(panel, kCentroAlEmpezar);
 }
 
 TEST(Arranque, NuevaPartidaBorraElJuegoYGuardaLasOpciones) {
@@ -151,9 +153,7 @@ TEST(Arranque, NuevaPartidaBorraElJuegoYGuardaLasOpciones) {
     EXPECT_EQ(f.JugadorActual, 1);
     EXPECT_EQ(f.Titulo(), "SÁBELOT - Jugador 1");
     EXPECT_EQ(f.CasillaCursor, 0);
-    EXPECT_EQ(f.Texto1(),
-              "Casilla central\r\n Cine arriba\r\n Literatura  abajo \r\nizquierda / derecha girar\r\n"
-              "Todas las fichas.");
+    EXPECT_EQ(f.Texto1(), kCentroAlEmpezar);
 }
 
 }  // namespace
