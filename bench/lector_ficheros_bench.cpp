@@ -10,50 +10,26 @@
 
 #include "engine/juego.h"
 #include "storage/opciones.h"
-#include "storage/sistema_ficheros.h"
+#include "plataforma_muda.h"
 
 namespace fs = std::filesystem;
 
 namespace sabelot {
 namespace {
 
-class PlataformaDisco : public Plataforma {
+// Una carpeta temporal propia, que se borra al acabar.
+class PlataformaDisco : public PlataformaMuda {
 public:
-    fs::path carpeta;
-    std::string nombrePartida = "medida";
-    long avisos = 0;
-
     PlataformaDisco() {
-        carpeta = fs::temp_directory_path() / ("sabelot-disco-" + std::to_string(std::random_device{}()));
-        fs::create_directories(carpeta);
+        const fs::path ruta = fs::temp_directory_path() / ("sabelot-disco-" + std::to_string(std::random_device{}()));
+        fs::create_directories(ruta);
+        carpeta = ruta.string();
+        respuestaInputBox = "medida";
     }
     ~PlataformaDisco() override {
         std::error_code ec;
         fs::remove_all(carpeta, ec);
     }
-
-    int MsgBox(const std::string&, int, const std::string&) override {
-        ++avisos;
-        return vbOK;
-    }
-    // Guardar y Cargar preguntan el nombre: siempre el mismo.
-    std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-        return nombrePartida;
-    }
-    void Beep() override {}
-    void Reproducir(Reproductor, const std::string&) override {}
-    void Hora(int& h, int& m, int& s) override { h = m = s = 1; }
-    void Randomize(std::int64_t) override {}
-    double Rnd() override { return 0.5; }
-    std::string CarpetaPrograma() override { return carpeta.string(); }
-    SistemaFicheros& Ficheros() override { return ficheros_; }
-    void MostrarDialog(Dialog&) override {}
-    void MostrarDialog1(Dialog1&) override {}
-    void MostrarDlgOpciones(DlgOpciones&) override {}
-    [[noreturn]] void TerminarPrograma() override { std::abort(); }
-
-private:
-    SistemaFicherosReal ficheros_;
 };
 
 // Una partida de cuatro jugadores a medias, con nombres de fichero con acentos.

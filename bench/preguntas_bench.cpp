@@ -13,7 +13,7 @@
 #include "engine/plataforma.h"
 #include "questions/dialog1.h"
 #include "storage/canales.h"
-#include "storage/sistema_ficheros.h"
+#include "plataforma_muda.h"
 
 namespace fs = std::filesystem;
 
@@ -49,29 +49,9 @@ const Carpeta& LaCarpeta() {
     return c;
 }
 
-class PlataformaMedida : public Plataforma {
+class PlataformaMedida : public PlataformaMuda {
 public:
-    int MsgBox(const std::string&, int, const std::string&) override { return vbOK; }
-    std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-        return "";
-    }
-    void Beep() override {}
-    void Reproducir(Reproductor, const std::string&) override {}
-    void Hora(int& h, int& m, int& s) override { h = m = s = 1; }
-    void Randomize(std::int64_t semilla) override {
-        azar_.seed(static_cast<std::mt19937::result_type>(semilla));
-    }
-    double Rnd() override { return std::uniform_real_distribution<double>(0.0, 1.0)(azar_); }
-    std::string CarpetaPrograma() override { return LaCarpeta().ruta.string(); }
-    SistemaFicheros& Ficheros() override { return ficheros_; }
-    void MostrarDialog(Dialog&) override {}
-    void MostrarDialog1(Dialog1&) override {}
-    void MostrarDlgOpciones(DlgOpciones&) override {}
-    [[noreturn]] void TerminarPrograma() override { std::abort(); }
-
-private:
-    SistemaFicherosReal ficheros_;
-    std::mt19937 azar_{1};
+    PlataformaMedida() { carpeta = LaCarpeta().ruta.string(); }
 };
 
 // Un tema que lee el fichero grande en el canal 1.
