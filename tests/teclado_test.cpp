@@ -1,6 +1,7 @@
 // El mapa de teclas de la ventana principal.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <vector>
 
 #include "apoyo/juego_prueba.h"
@@ -26,6 +27,8 @@ struct Paseo {
     std::vector<int> teclas;
     int cursorFinal, rumboFinal, pitidos;
 };
+// En la lista de ctest, el nombre del paseo y no sus bytes.
+void PrintTo(const Paseo& p, std::ostream* os) { *os << p.nombre; }
 
 // clang-format off
 const Paseo kPaseos[] = {
