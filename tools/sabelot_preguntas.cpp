@@ -3,7 +3,6 @@
 // algo y 2 si la orden está mal escrita.
 // sabelot-preguntas convertir ENTRADA [SALIDA.qzf]: pasa un fichero Aiken, GIFT o de
 // OpenTDB a .qzf y dice lo que no pudo convertir. Sale con 1 si algo se quedó fuera.
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -12,6 +11,9 @@
 
 #include "conversion/convertir.h"
 #include "questions/revision.h"
+#include "storage/canales.h"
+#include "storage/sistema_ficheros.h"
+#include "storage/texto_delimitado.h"
 
 namespace {
 
@@ -87,20 +89,16 @@ int Convertir(int argc, char** argv) {
         std::cerr << "No se escribe " << salida << ": no hay ninguna pregunta\n";
         return 1;
     }
-    namespace fs = std::filesystem;
-    std::error_code ec;
+    // Lo mismo que usa el juego para sus ficheros: rutas UTF-8 también en Windows, y se
+    // escribe aparte antes de ponerlo en su sitio.
+    sabelot::SistemaFicherosReal ficheros;
     // Un fichero de preguntas escrito a mano no se pierde por un nombre repetido.
-    if (!reemplazar && fs::exists(fs::u8path(salida), ec)) {
+    if (!reemplazar && ficheros.Existe(salida)) {
         std::cerr << salida << ": ya existe y no se toca; dé otro nombre o añada --reemplazar\n";
         return 2;
     }
-    // Se escribe aparte y se pone en su sitio al final: si algo falla, lo que había sigue ahí.
-    const std::string temporal = salida + ".nuevo";
-    std::ofstream f(fs::u8path(temporal), std::ios::binary | std::ios::trunc);
-    f << r.qzf;
-    f.close();
-    if (!f || (fs::rename(fs::u8path(temporal), fs::u8path(salida), ec), ec)) {
-        fs::remove(fs::u8path(temporal), ec);
+    sabelot::Canales canales(ficheros);
+    if (!sabelot::EscribirDeUnaVez(canales, ficheros, 1, salida, r.qzf)) {
         std::cerr << salida << ": no se puede escribir el fichero\n";
         return 2;
     }
