@@ -164,15 +164,12 @@ fi
 
 # --- El juego y las pruebas ---------------------------------------------------------------
 paso "Juego y pruebas para Windows en $CONSTRUCCION"
-# SDL2 estática arrastra bibliotecas del sistema que pkg-config solo da con --static
-# (SDL2_mixer, construida con CMake y solo WAV, no deja .pc ni añade ninguna).
-extra=$(pkg-config --static --libs-only-l sdl2 | tr ' ' '\n' | grep -vE '^-l(SDL2|SDL2main|SDL2_mixer|mingw32)$' | tr '\n' ' ')
 cmake -S "$RAIZ" -B "$CONSTRUCCION" -DCMAKE_TOOLCHAIN_FILE="$RAIZ/cmake/mingw-w64.cmake" \
   -DSABELOT_MINGW_PREFIJO="$PREFIJO" -DCMAKE_BUILD_TYPE=Release -DSABELOT_GUI=ON -DSABELOT_PRUEBAS=ON \
   -DwxWidgets_CONFIG_EXECUTABLE="$PREFIJO/bin/wx-config" \
   -Dbenchmark_DIR="$RAIZ/cmake/cruzado" \
   -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST \
-  -DCMAKE_CXX_STANDARD_LIBRARIES="$extra" >"$CACHE/configurar-juego.log" \
+  -DCMAKE_CXX_STANDARD_LIBRARIES="" >"$CACHE/configurar-juego.log" \
   || { tail -30 "$CACHE/configurar-juego.log"; exit 1; }
 cmake --build "$CONSTRUCCION" -j"$TAREAS" --target sabelot pruebas
 programa=$CONSTRUCCION/programa
