@@ -15,10 +15,13 @@ public:
     bool Existe(const std::string&) override { return true; }
     bool EsCarpeta(const std::string&) override { return false; }
     std::vector<std::string> Listar(const std::string&, const std::string&) override { return {}; }
-    std::unique_ptr<Fichero> Abrir(const std::string&, ModoApertura, int& error) override {
+    std::unique_ptr<Fichero> Abrir(const std::string&, int& error) override {
         error = kErrorNoExiste;
         return nullptr;
     }
+    std::unique_ptr<Fichero> CrearJunto(const std::string&, std::string&) override { return nullptr; }
+    bool Protegido(const std::string&) override { return false; }
+    bool CopiarPermisos(const std::string&, const std::string&) override { return false; }
     bool Renombrar(const std::string&, const std::string&) override { return false; }
     bool Borrar(const std::string&) override { return false; }
 };
@@ -28,10 +31,6 @@ public:
     double cara = 0.0;  // el próximo Rnd()
     long pitidos = 0;
 
-    int MsgBox(const std::string&, int, const std::string&) override { return vbOK; }
-    std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-        return "";
-    }
     void Beep() override { ++pitidos; }
     void Reproducir(Reproductor, const std::string&) override {}
     void Hora(int& h, int& m, int& s) override { h = m = s = 1; }
@@ -39,14 +38,19 @@ public:
     double Rnd() override { return cara; }
     std::string CarpetaPrograma() override { return "/no/importa"; }
     SistemaFicheros& Ficheros() override { return ficheros_; }
-    void MostrarDialog(Dialog& d) override {
+    [[noreturn]] void TerminarPrograma() override { std::abort(); }
+
+protected:
+    int CuadroMensaje(const std::string&, int, const std::string&) override { return vbOK; }
+    std::string CuadroEntrada(const std::string&, const std::string&, const std::string&) override { return ""; }
+    void AbrirDialog(Dialog& d) override {
         d.Form_Load();
         d.Form_Activate();
         d.Command1_Click(d.Foco);
     }
-    void MostrarDialog1(Dialog1& d) override { d.SinPregunta = true; }
-    void MostrarDlgOpciones(DlgOpciones&) override {}
-    [[noreturn]] void TerminarPrograma() override { std::abort(); }
+    void AbrirDialog1(Dialog1& d) override { d.SinPregunta = true; }
+    void AbrirDlgOpciones(DlgOpciones&) override {}
+    void Decir(const std::string&, Anuncios::Lugar) override {}
 
 private:
     FicherosQuietos ficheros_;

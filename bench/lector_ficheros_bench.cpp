@@ -79,7 +79,7 @@ void OpcionesIdaYVuelta(benchmark::State& state) {
     PrepararPartida(juego);
     Module1 leido;
     for (auto _ : state) {
-        if (!GuardarOpciones(juego.m, p, juego.canales)) {
+        if (!GuardarOpciones(juego.m, p)) {
             state.SkipWithError("no se pudo guardar Sabelot.ini");
             break;
         }

@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 #include "storage/sistema_ficheros.h"
 
 namespace sabelot {
@@ -18,13 +18,6 @@ public:
     std::string respuestaInputBox;  // Guardar y Cargar preguntan el nombre: siempre el mismo
     long avisos = 0;
 
-    int MsgBox(const std::string&, int, const std::string&) override {
-        ++avisos;
-        return vbOK;
-    }
-    std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-        return respuestaInputBox;
-    }
     void Beep() override {}
     void Reproducir(Reproductor, const std::string&) override {}
     void Hora(int& h, int& m, int& s) override { h = m = s = 1; }
@@ -32,10 +25,20 @@ public:
     double Rnd() override { return std::uniform_real_distribution<double>(0.0, 1.0)(azar_); }
     std::string CarpetaPrograma() override { return carpeta; }
     SistemaFicheros& Ficheros() override { return ficheros_; }
-    void MostrarDialog(Dialog&) override {}
-    void MostrarDialog1(Dialog1&) override {}
-    void MostrarDlgOpciones(DlgOpciones&) override {}
     [[noreturn]] void TerminarPrograma() override { std::abort(); }
+
+protected:
+    int CuadroMensaje(const std::string&, int, const std::string&) override {
+        ++avisos;
+        return vbOK;
+    }
+    std::string CuadroEntrada(const std::string&, const std::string&, const std::string&) override {
+        return respuestaInputBox;
+    }
+    void AbrirDialog(Dialog&) override {}
+    void AbrirDialog1(Dialog1&) override {}
+    void AbrirDlgOpciones(DlgOpciones&) override {}
+    void Decir(const std::string&, Anuncios::Lugar) override {}
 
 private:
     SistemaFicherosReal ficheros_;

@@ -3,14 +3,17 @@
 // una pasada simple por el fichero para comparar.
 #include <benchmark/benchmark.h>
 
+#include <sys/resource.h>
+
 #include <cstdlib>
+#include <functional>
 #include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
 
-#include "engine/estado.h"
-#include "engine/plataforma.h"
+#include "comun/estado.h"
+#include "comun/plataforma.h"
 #include "questions/dialog1.h"
 #include "storage/canales.h"
 #include "plataforma_muda.h"
@@ -118,7 +121,7 @@ void PasadaSimple(benchmark::State& state) {
     SistemaFicherosReal fs;
     for (auto _ : state) {
         int error = 0;
-        auto f = fs.Abrir(LaCarpeta().RutaFichero(), ModoApertura::Lectura, error);
+        auto f = fs.Abrir(LaCarpeta().RutaFichero(), error);
         std::string linea;
         int n = 0;
         while (f->LeerLinea(linea)) {
@@ -129,6 +132,59 @@ void PasadaSimple(benchmark::State& state) {
     }
 }
 BENCHMARK(PasadaSimple)->Unit(benchmark::kMillisecond);
+
+// Ficheros que no son de preguntas hechas a mano: una línea de 10 MB entre dos preguntas, y
+// 1 GiB sin un solo salto de línea (disperso: no ocupa disco). Sacar una pregunta tiene que
+// costar una pasada por el fichero y no más memoria que una línea; "memoria_kb" es lo que
+// crece el pico del proceso.
+long PicoKb() {
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    return uso.ru_maxrss;
+}
+
+void FicheroRaro(benchmark::State& state, const std::string& nombre, const std::function<void(std::ofstream&)>& escribir,
+                 std::uintmax_t tamano) {
+    const fs::path ruta = LaCarpeta().ruta / "preguntas" / (nombre + ".qzf");
+    {
+        std::ofstream f(ruta, std::ios::binary);
+        escribir(f);
+    }
+    if (tamano) fs::resize_file(ruta, tamano);
+    const long antes = PicoKb();
+    for (auto _ : state) {
+        PlataformaMedida p;
+        Module1 m;
+        Canales canales{p.Ficheros()};
+        Dialog1 d{m, p, canales};
+        m.FicheroTema[1] = nombre;
+        m.CanalTema[1] = 1;
+        d.NTema = 1;
+        d.ContarPreguntas();
+        d.AbrirFichero(false, false);
+        d.LeerPregunta();
+        benchmark::DoNotOptimize(d.Pregunta.data());
+    }
+    state.counters["memoria_kb"] = static_cast<double>(PicoKb() - antes);
+    std::error_code ec;
+    fs::remove(ruta, ec);
+}
+
+void LineaDe10Mb(benchmark::State& state) {
+    FicheroRaro(
+        state, "linea10mb",
+        [](std::ofstream& f) {
+            f << "q>" << std::string(10 * 1024 * 1024, 'x') << "\r\n1>a\r\na>1\r\n\r\n";
+            f << "q>Buena\r\n1>a\r\na>1\r\n\r\n";
+        },
+        0);
+}
+BENCHMARK(LineaDe10Mb)->Unit(benchmark::kMillisecond);
+
+void UnGibSinSaltos(benchmark::State& state) {
+    FicheroRaro(state, "gib", [](std::ofstream& f) { f << "q>"; }, std::uintmax_t{1} << 30);
+}
+BENCHMARK(UnGibSinSaltos)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 // La misma pasada con std::getline, para ver cuánto pesa la capa de ficheros.
 void PasadaGetline(benchmark::State& state) {

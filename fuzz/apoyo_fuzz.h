@@ -9,6 +9,7 @@
 #include <string>
 
 #include "apoyo/plataforma_guion.h"
+#include "comun/teclas.h"
 #include "engine/juego.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t largo);

@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t lar
     fuzz::Comprobar(p.carpeta.Leer("Sabelot.ini") == fuzz::Bytes(datos, largo),
                     "leer las opciones cambió el fichero");
 
-    if (!GuardarOpciones(j.m(), p, j.juego->canales)) return 0;
+    if (!GuardarOpciones(j.m(), p)) return 0;
     fuzz::JuegoFuzz otro(p);
     otro.f().Form_Load();
     const Module1& a = j.m();

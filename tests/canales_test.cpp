@@ -14,7 +14,7 @@ TEST(Canales, LeeLineasYPosicionesDesdeUno) {
     c.Escribir("a.txt", "uno\r\ndos\nres\rcuatro");
     SistemaFicherosReal fs;
     Canales canales(fs);
-    ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"a.txt"}), ModoApertura::Lectura));
+    ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"a.txt"})));
     Fichero* f = canales.Get(3);
     std::string l;
     EXPECT_EQ(1, f->Posicion());
@@ -38,9 +38,9 @@ TEST(Canales, ErroresDeApertura) {
     CarpetaTemporal c;
     SistemaFicherosReal fs;
     Canales canales(fs);
-    EXPECT_EQ(kErrorNoExiste, canales.Abrir(1, Ruta(c.Ruta(), {"no.qzf"}), ModoApertura::Lectura));
+    EXPECT_EQ(kErrorNoExiste, canales.Abrir(1, Ruta(c.Ruta(), {"no.qzf"})));
     c.Escribir("a.txt", "x");
-    EXPECT_NE(0, canales.Abrir(0, Ruta(c.Ruta(), {"a.txt"}), ModoApertura::Lectura));
+    EXPECT_NE(0, canales.Abrir(0, Ruta(c.Ruta(), {"a.txt"})));
     EXPECT_FALSE(canales.Abierto(0));
 }
 

@@ -638,7 +638,7 @@ TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
     p.carpeta.Escribir("preguntas/cine.qzf", Qzf({"q>x", "1>y", "a>1"}));
     // Una carpeta donde no se puede escribir nada.
     FicherosAveriados soloLectura(p.Ficheros());
-    soloLectura.fallaAbrirEscritura = true;
+    soloLectura.fallaCrear = true;
     soloLectura.fallaRenombrar = true;
     p.ficheros = &soloLectura;
     Module1 m;

@@ -56,7 +56,7 @@ TEST(FicherosPreguntas, CanalAbierto) {
     EXPECT_FALSE(CanalAbierto(canales, 3));
     EXPECT_FALSE(CanalAbierto(canales, -1));
     const std::string ruta = Ruta(jp.p.CarpetaPrograma(), {"preguntas", "c.qzf"});
-    ASSERT_EQ(0, canales.Abrir(3, ruta, ModoApertura::Lectura));
+    ASSERT_EQ(0, canales.Abrir(3, ruta));
     EXPECT_TRUE(CanalAbierto(canales, 3));
     std::string linea;
     canales.Get(3)->LeerLinea(linea);

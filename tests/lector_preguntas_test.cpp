@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <random>
 #include <set>
@@ -10,6 +11,7 @@
 #include "apoyo/plataforma_guion.h"
 #include "questions/dialog1.h"
 #include "questions/mazo.h"
+#include "questions/registro.h"
 #include "storage/canales.h"
 #include "storage/cp1252.h"
 
@@ -160,9 +162,12 @@ TEST_F(LectorPreguntas, SaltaLosRegistrosQueNoSePuedenJuzgar) {
         {"q>Malo", "1>A", "a>2", ""},
         {"q>Malo", "1>A", "a>99999999999999999999", ""},
         {"q>Malo", "c>solo comentario", "q>tragada", ""},
+        // Una línea de más de 4096 bytes no es de un fichero hecho a mano: no se pregunta.
+        {"q>Malo", "1>" + std::string(5000, 'x'), "a>1", ""},
+        {"q>Malo" + std::string(5000, '?'), "1>A", "a>1", ""},
     };
     for (const auto& malo : malos) {
-        SCOPED_TRACE(malo[1]);
+        SCOPED_TRACE(malo[1].substr(0, 20));
         Aparte a(m);
         std::vector<std::string> lineas = malo;
         for (const auto& l : Bueno("Buena")) lineas.push_back(l);
@@ -463,6 +468,13 @@ TEST_F(LectorPreguntas, FallosAlAbrir) {
          kErrorAlAbrir},
         {"es una carpeta",
          [](prueba::PlataformaGuion& pp, Module1&) { pp.carpeta.CrearCarpeta("preguntas/tema1.qzf"); },
+         kErrorAlAbrir},
+        // Más de 64 MiB no es un fichero de preguntas (disperso: no ocupa disco).
+        {"enorme",
+         [](prueba::PlataformaGuion& pp, Module1&) {
+             pp.carpeta.Escribir("preguntas/tema1.qzf", prueba::Qzf(Bueno("P")));
+             std::filesystem::resize_file(pp.carpeta.Ruta() + "/preguntas/tema1.qzf", kMaxFicheroQzf + 1);
+         },
          kErrorAlAbrir},
     };
     for (const auto& c : casos) {

@@ -8,6 +8,7 @@
 #endif
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 #include "apoyo/datos_prueba.h"
@@ -226,6 +227,20 @@ TEST(Partidas, LaRutaLlevaUnSoloSav) {
     }
 }
 
+// Como en Windows, el nombre no distingue mayúsculas aunque el sistema sí lo haga.
+TEST(Partidas, ElNombreNoDistingueMayusculas) {
+    JuegoPrueba jp;
+    PartidaEnJuego(jp);
+    jp.p.carpeta.Escribir("ñandú1.sav", kEjemplo);
+    jp.p.textos = {"ÑANDÚ1"};
+    jp.f().CargarPartida();
+    EXPECT_TRUE(jp.p.mensajes.empty());
+    EXPECT_EQ(2, jp.m().NumJugadores);
+    jp.p.textos = {"Ñandú1.SAV"};
+    jp.f().GuardarPartida();
+    EXPECT_EQ(std::vector<std::string>{"ñandú1.sav"}, FicherosDeLaCarpeta(jp)) << "la misma, no otra";
+}
+
 TEST(Partidas, GuardarEncimaBorraLoAnterior) {
     JuegoPrueba jp;
     PartidaEnJuego(jp);
@@ -324,7 +339,7 @@ std::vector<Rota> PartidasRotas() {
 
 TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
     const std::vector<Rota> rotas = PartidasRotas();
-    ASSERT_EQ(rotas.size(), 63u);
+    ASSERT_EQ(rotas.size(), 66u);
     for (const Rota& rota : rotas) {
         JuegoPrueba jp;
         PartidaEnJuego(jp);
@@ -404,11 +419,10 @@ TEST(Partidas, NombresQueNoSePuedenGuardar) {
     }
 }
 
-// Una escritura que falla (disco lleno, no se puede cerrar o renombrar) deja la partida
-// y el fichero de antes; al segundo intento, ya bien, se guarda.
-TEST(Partidas, UnaEscrituraQueFallaNoDejaNadaAMedias) {
-    enum Fallo { kAbrir, kEscribir, kCerrar, kRenombrar };
-    for (Fallo fallo : {kAbrir, kEscribir, kCerrar, kRenombrar}) {
+// Una partida que no se puede escribir (el disco no deja, o el jugador protegió el fichero)
+// da el aviso de siempre y deja la partida y el fichero de antes; con otro nombre, se guarda.
+TEST(Partidas, SiNoSePuedeEscribirSeAvisaYSePuedeGuardarConOtroNombre) {
+    for (const bool protegido : {false, true}) {
         SistemaFicherosReal real;
         FicherosAveriados averiados(real);
         JuegoPrueba jp;
@@ -416,24 +430,21 @@ TEST(Partidas, UnaEscrituraQueFallaNoDejaNadaAMedias) {
         jp.juego = std::make_unique<Juego>(jp.p);
         PartidaEnJuego(jp);
         jp.p.carpeta.Escribir("guardada.sav", kEjemplo);
-        averiados.fallaAbrirEscritura = fallo == kAbrir;
-        averiados.fallaEscribir = fallo == kEscribir;
-        averiados.fallaCerrar = fallo == kCerrar;
-        averiados.fallaRenombrar = fallo == kRenombrar;
+        const std::string ruta = Ruta(jp.p.carpeta.Ruta(), {"guardada.sav"});
+        if (protegido)
+            std::filesystem::permissions(ruta, std::filesystem::perms::owner_read);
+        else
+            averiados.fallaCrear = true;
         const std::string antes = Foto(jp);
-        jp.p.alMensaje = [&](const prueba::PlataformaGuion::Mensaje&) {
-            EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav")) << fallo;
-            EXPECT_EQ(std::vector<std::string>{"guardada.sav"}, FicherosDeLaCarpeta(jp)) << fallo;
-            averiados.fallaAbrirEscritura = averiados.fallaEscribir = averiados.fallaCerrar =
-                averiados.fallaRenombrar = false;
-        };
-        jp.p.textos = {"guardada", "guardada"};
+        jp.p.alMensaje = [&](const prueba::PlataformaGuion::Mensaje&) { averiados.fallaCrear = false; };
+        jp.p.textos = {"guardada", "otra"};
         jp.f().GuardarPartida();
-        EXPECT_EQ(std::vector<std::string>{kErrorGuardar + kOtroNombre}, jp.p.TextosMensajes()) << fallo;
+        EXPECT_EQ(std::vector<std::string>{kErrorGuardar + kOtroNombre}, jp.p.TextosMensajes()) << protegido;
         EXPECT_EQ("PARTIDA GUARDADA", jp.f().Texto1());
-        EXPECT_EQ(0u, jp.p.carpeta.Leer("guardada.sav").find("3,5,3\r\n"));
+        EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
+        EXPECT_EQ(0u, jp.p.carpeta.Leer("otra.sav").find("3,5,3\r\n"));
         EXPECT_EQ(antes, Foto(jp));
-        EXPECT_EQ(1, jp.juego->canales.Libre());
+        std::filesystem::permissions(ruta, std::filesystem::perms::owner_all);
     }
 }
 
@@ -481,7 +492,8 @@ TEST(Partidas, ProcesoMatadoAMitadDeGuardarDejaLaPartidaAnterior) {
     EXPECT_EQ(SIGKILL, WTERMSIG(estado));
     EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
 
-    // Lo que quedó a medias no estorba para cargar la partida ni para volver a guardar.
+    // Lo que quedó a medias (un fichero oculto con otro nombre) no estorba para cargar la
+    // partida ni para volver a guardar.
     averiados.aMitadDeEscribir = nullptr;
     jp.p.textos = {"guardada"};
     jp.f().CargarPartida();
@@ -490,7 +502,7 @@ TEST(Partidas, ProcesoMatadoAMitadDeGuardarDejaLaPartidaAnterior) {
     jp.p.textos = {"guardada"};
     jp.f().GuardarPartida();
     EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
-    EXPECT_EQ(std::vector<std::string>{"guardada.sav"}, FicherosDeLaCarpeta(jp));
+    for (const std::string& f : FicherosDeLaCarpeta(jp)) EXPECT_TRUE(f == "guardada.sav" || f[0] == '.') << f;
 }
 
 #endif  // _WIN32

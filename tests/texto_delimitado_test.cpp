@@ -115,7 +115,7 @@ TEST(TextoDelimitado, LeerBytesDistingueLosFinesDeLinea) {
     };
     for (const auto& caso : casos) {
         c.Escribir("f.txt", caso.escrito);
-        ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"f.txt"}), ModoApertura::Lectura));
+        ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"f.txt"})));
         std::string error;
         auto bytes = LeerBytes(*canales.Get(3), 1000, error);
         ASSERT_TRUE(bytes.has_value()) << error;
@@ -123,7 +123,7 @@ TEST(TextoDelimitado, LeerBytesDistingueLosFinesDeLinea) {
         canales.Cerrar(3);
     }
     c.Escribir("f.txt", std::string(1001, 'x'));
-    ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"f.txt"}), ModoApertura::Lectura));
+    ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"f.txt"})));
     std::string error;
     EXPECT_FALSE(LeerBytes(*canales.Get(3), 1000, error).has_value());
     EXPECT_FALSE(error.empty());

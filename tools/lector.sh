@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# El juego escuchado por Orca de verdad, en una pantalla virtual: bienvenida, una casilla tras
-# una flecha, una tirada, una pregunta y su veredicto. Imprime lo que Orca dijo y PASS o FAIL.
-# Lento (un minuto largo) y fuera de las pruebas de siempre: ./probar --lector
+# El juego escuchado por Orca de verdad, en una pantalla virtual: una partida larga (preguntas
+# bien y mal, una casilla de quesito, guardar y cargar, las opciones con sus listas). Imprime lo
+# que Orca dijo tras cada tecla, lo repetido y lo pasado, y PASS o FAIL.
+# Lento (unos diez minutos) y fuera de las pruebas de siempre: ./probar --lector
 set -euo pipefail
 cd "$(dirname "$0")/.."
 tools/preparar.sh
@@ -19,4 +20,4 @@ export LANG=es_ES.UTF-8 LANGUAGE=es
 # Construcción para jugar, en su propia carpeta.
 cmake -S . -B build/orca -DCMAKE_BUILD_TYPE=Release -DSABELOT_PRUEBAS=OFF >/dev/null
 cmake --build build/orca -j"$(nproc)" >/dev/null
-exec tools/con_pantalla.sh /usr/bin/python3 tests/gui/orca_e2e.py build/orca/programa/sabelot datos
+exec tools/con_pantalla.sh /usr/bin/python3 tests/gui/partida_oida.py --orca "$@" build/orca/programa/sabelot datos

@@ -19,8 +19,8 @@ import tempfile
 import time
 
 
-# El mismo oyente que la prueba de lo que oye el lector: eventos en JSON, uno por línea.
-OYENTE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "gui", "oido_e2e.py")
+# El mismo oyente que la partida escuchada de las pruebas: eventos en JSON, uno por línea.
+OYENTE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "gui", "partida_oida.py")
 
 
 def eventos(fichero, desde):

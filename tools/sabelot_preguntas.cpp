@@ -13,6 +13,7 @@
 #include "questions/revision.h"
 #include "storage/canales.h"
 #include "storage/sistema_ficheros.h"
+#include "storage/escritura.h"
 #include "storage/texto_delimitado.h"
 
 namespace {
@@ -97,8 +98,7 @@ int Convertir(int argc, char** argv) {
         std::cerr << salida << ": ya existe y no se toca; dé otro nombre o añada --reemplazar\n";
         return 2;
     }
-    sabelot::Canales canales(ficheros);
-    if (!sabelot::EscribirDeUnaVez(canales, ficheros, 1, salida, r.qzf)) {
+    if (!sabelot::EscribirDeUnaVez(ficheros, salida, r.qzf)) {
         std::cerr << salida << ": no se puede escribir el fichero\n";
         return 2;
     }

@@ -3,28 +3,17 @@
 
 #include <cstdint>
 
+#include "comun/texto.h"
 #include "engine/form1.h"
 #include "storage/opciones.h"
 
 namespace sabelot {
 
-namespace {
-
-// Quita solo los blancos de los extremos, como el Trim de siempre.
-std::string SinBlancos(const std::string& s) {
-    const auto ini = s.find_first_not_of(' ');
-    if (ini == std::string::npos) return "";
-    const auto fin = s.find_last_not_of(' ');
-    return s.substr(ini, fin - ini + 1);
-}
-
-}  // namespace
-
 std::string MensajeBienvenida(const Module1& m) {
     // Aquí no entran las etiquetas de fábrica: una vacía sale vacía.
-    std::string lista = SinBlancos(m.EtiquetaTema[1]);
+    std::string lista = Recortar(m.EtiquetaTema[1]);
     for (int t = 2; t <= kNumTemas; ++t)
-        lista += std::string(",") + CRLF + SinBlancos(m.EtiquetaTema[static_cast<std::size_t>(t)]);
+        lista += std::string(",") + CRLF + Recortar(m.EtiquetaTema[static_cast<std::size_t>(t)]);
     lista += ".";
 
     std::string s = "Partida de ";
@@ -45,6 +34,7 @@ std::string MensajeBienvenida(const Module1& m) {
 }
 
 void Form1::Form_Load() {
+    Anuncios::Tramo tramo(p_.Voz());
     ConstruirTablero();
 
     // Cada factor de su propia lectura del reloj; el producto no cabe en un Integer.
@@ -55,7 +45,7 @@ void Form1::Form_Load() {
     p_.Randomize(static_cast<std::int64_t>(hora) * minuto * segundo);
 
     LeerAnexas = true;
-    for (int i = 1; i <= kMaxJugadores; ++i) PosicionFicha[static_cast<std::size_t>(i)] = 0;
+    for (int i = 1; i <= kMaxJugadores; ++i) Ficha(i) = 0;
     m_.NumJugadores = 1;
     JugadorActual = 1;
     PonerTitulo(TituloJugador(JugadorActual));
@@ -85,7 +75,7 @@ void Form1::Form_Load() {
 void Form1::NuevaPartida() {
     // Las tablas guardan su tamaño; solo se borra lo que cabe en ellas.
     for (int i = 1; i <= kMaxJugadores; ++i) {
-        PosicionFicha[static_cast<std::size_t>(i)] = 0;
+        Ficha(i) = 0;
         if (i <= m_.NumQuesitos.Limite()) m_.NumQuesitos(i) = 0;
         for (int j = 1; j <= m_.Preguntas.Jugadores(); ++j) {
             if (j <= m_.QuesitoGanado.Jugadores()) m_.QuesitoGanado(i, j) = false;

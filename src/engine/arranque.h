@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "engine/estado.h"
+#include "comun/estado.h"
 
 namespace sabelot {
 

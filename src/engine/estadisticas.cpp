@@ -29,7 +29,7 @@ void Form1::MostrarEstadisticas() {
         const int preguntas = m_.Preguntas(i, j);
         s += NombreTema(i) + ": " + std::to_string(aciertos) + "/" + std::to_string(preguntas) + " ";
         if (preguntas > 0) {
-            // Redondeo al par más cercano, como el de siempre.
+            // Al entero más cercano y, en la mitad justa, al par: 12,5 da 12 y 37,5 da 38.
             const double porcentaje = static_cast<double>(aciertos) / preguntas * 100;
             s += " (" + std::to_string(static_cast<long long>(std::nearbyint(porcentaje))) + "%) ";
         }

@@ -1,15 +1,13 @@
-// Form1: la ventana principal y los procedimientos del motor, que en el juego
-// son procedimientos de este formulario. Los cuerpos están repartidos por concepto:
-// tablero.cpp, arranque.cpp, tirada.cpp, movimiento.cpp, pregunta.cpp,
-// prueba_final.cpp, estadisticas.cpp (engine); lector.cpp, teclado.cpp (frontend);
-// partidas.cpp, ficheros_preguntas.cpp (storage).
+// Form1: la ventana principal y los procedimientos del motor, que son suyos. Arranque,
+// tablero, tirada, movimiento, preguntas, prueba final, informe, teclas y partidas, cada
+// uno en su fichero de esta carpeta; las reglas que no necesitan al motor están debajo
+// (frontend, questions, options, storage).
 #pragma once
 
-#include <array>
 #include <string>
 
-#include "engine/estado.h"
-#include "engine/plataforma.h"
+#include "comun/estado.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
 
@@ -27,16 +25,10 @@ public:
     virtual void FocoAPicture1() = 0;
 };
 
-// Códigos de tecla virtuales y bits de modificadores que recibe la lógica.
-enum Tecla : int {
-    vbKeyReturn = 13, vbKeySpace = 32, vbKeyEnd = 35, vbKeyHome = 36,
-    vbKeyLeft = 37, vbKeyUp = 38, vbKeyRight = 39, vbKeyDown = 40, vbKeyDelete = 46,
-    vbKey1 = 49, vbKey6 = 54, vbKeyA = 65, vbKeyD = 68, vbKeyE = 69, vbKeyG = 71,
-    vbKeyO = 79, vbKeyV = 86, vbKeyF1 = 112, vbKeyF2 = 113, vbKeyF3 = 114, vbKeyF4 = 115,
-};
-enum Modificador : int { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 };
+// El título de la ventana principal para un jugador.
+std::string TituloJugador(int jugador);
 
-class Form1 {
+class Form1 : public CamposForm1 {
 public:
     Form1(Module1& m, Plataforma& p, Canales& canales, Dialog& dialog, Dialog1& dialog1,
           DlgOpciones& opciones);
@@ -75,25 +67,16 @@ public:
     void GuardarPartida();
     void CargarPartida();
 
-    // --- Texto y título: la lógica guarda lo dicho y la vista lo muestra ---
+    // --- Text1 y título: la lógica guarda lo dicho y la vista lo muestra ---
     const std::string& Texto1() const { return texto1_; }
+    // Reemplaza el texto del panel; el jugador lo oye entero.
     void PonerTexto1(const std::string& texto);
+    // Añade al panel; el jugador oye solo lo añadido.
+    void AnadirTexto1(const std::string& cola);
     const std::string& Titulo() const { return titulo_; }
     void PonerTitulo(const std::string& titulo);
     void Ocultar();
     void Mostrar();
-
-    // --- Campos de Form1 ---
-    TableroJuego Tablero{};
-    int CasillaCursor = 0;
-    int RumboCentro = 1;
-    int CasillaPrevia = 0;
-    bool LeerAnexas = true;
-    std::array<int, 7> PosicionFicha{};
-    int JugadorActual = 1;
-    int ValorDado = 0;
-    int CaminosPendientes = 0;
-    std::string TextoDestinos;
 
     Module1& M() { return m_; }
     Plataforma& P() { return p_; }
@@ -111,8 +94,18 @@ private:
     bool sonandoDado_ = false;
 
     void FlujoOpciones();
-    void MostrarListaTeclas();
     void SonarDado();
+    void TerminarCamino();
+    // Una pregunta del tema con Dialog1. Falso si no se pudo hacer ninguna (un fichero que
+    // no abre): entonces no cuenta nada y el jugador sigue.
+    bool Preguntar(int Tema, bool ocultarVentana, bool& correcta);
+    // Cuenta la respuesta del jugador en turno en las tablas de su tema.
+    void ContarRespuesta(int Tema, bool correcta);
+    // El turno pasa al siguiente jugador: su línea en el panel y el cursor a su ficha. En el
+    // centro el título cambia enseguida; en las demás casillas, con la próxima tecla.
+    void PasarTurno(bool conTitulo);
+    // En el centro sin los quesitos que hacen falta: una pregunta normal a elegir tema.
+    void PreguntaDelCentro();
 };
 
 }  // namespace sabelot

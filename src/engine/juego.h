@@ -2,9 +2,9 @@
 // unidos sobre una plataforma. La ventana real y las pruebas crean uno cada una.
 #pragma once
 
-#include "engine/estado.h"
+#include "comun/estado.h"
 #include "engine/form1.h"
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 #include "frontend/dialog.h"
 #include "options/dlg_opciones.h"
 #include "questions/dialog1.h"

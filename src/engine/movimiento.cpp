@@ -12,10 +12,10 @@ void Form1::MoverFicha() {
     if (m_.ValorElegido < 0 || m_.ValorElegido > kUltimaCasilla) return;
 
     CasillaCursor = m_.ValorElegido;
-    PosicionFicha[static_cast<std::size_t>(JugadorActual)] = CasillaCursor;
+    Ficha(JugadorActual) = CasillaCursor;
     DescribirCasilla();
 
-    const Casilla& c = Tablero[static_cast<std::size_t>(CasillaCursor)];
+    const Casilla& c = En(CasillaCursor);
     if (c.EsDados) {
         PonerTexto1("Vuelve  a tirar los dados.");
     } else if (CasillaCursor != 0) {

@@ -20,20 +20,17 @@ const char* PalabraDireccion(int direccion) {
     }
 }
 
-// En las casillas 1 a 6 un Arriba de 0 sí lleva al centro.
-bool TieneArriba(const Casilla& c) { return c.Arriba > 0 || (c.Arriba == 0 && c.Abajo > 0); }
+}  // namespace
 
 // Cierra una rama; la última de todas pasa a mover la ficha. Después ya no se mira nada
 // de la búsqueda: las llamadas abiertas solo vuelven.
-void TerminarCamino(Form1& f) {
-    --f.CaminosPendientes;
-    if (f.CaminosPendientes == 0) {
-        f.P().Beep();
-        f.MoverFicha();
+void Form1::TerminarCamino() {
+    --CaminosPendientes;
+    if (CaminosPendientes == 0) {
+        p_.Beep();
+        MoverFicha();
     }
 }
-
-}  // namespace
 
 int Form1::TirarDado() { return static_cast<int>(std::floor(p_.Rnd() * 6)) + 1; }
 
@@ -50,13 +47,13 @@ void Form1::ResolverTirada() {
 
     m_.ListaValores.clear();
     // Se busca siempre desde la ficha, esté donde esté el cursor del lector.
-    CasillaCursor = PosicionFicha[static_cast<std::size_t>(JugadorActual)];
+    CasillaCursor = Ficha(JugadorActual);
     ValorDado = TirarDado();
     dialog_.ValorEnDado = ValorDado;
     TextoDestinos = "Lanzas el dado y sacas un " + std::to_string(ValorDado) + "." + CRLF +
                     "Puedes ir a casillas de:" + CRLF;
 
-    const Casilla c = Tablero[static_cast<std::size_t>(CasillaCursor)];
+    const Casilla c = En(CasillaCursor);
     if (ValorDado == 1 && CasillaCursor == 0) {
         // Con un 1 desde el centro se va a la primera casilla de cada radio, sin pitido.
         for (int i = 1; i <= kNumTemas; ++i) {
@@ -94,18 +91,18 @@ void Form1::ResolverTirada() {
 }
 
 void Form1::BuscarDestinos(int Pos, int Direccion, int Pasos, int Origen, bool PorCentro) {
-    const Casilla& c = Tablero[static_cast<std::size_t>(Pos)];
+    const Casilla& c = En(Pos);
 
     if (Pasos == 0) {
         if (c.EsQuesito) TextoDestinos += "Quesito ";
-        TextoDestinos += NombreTema(Tablero[static_cast<std::size_t>(Pos)].Tema);
+        TextoDestinos += NombreTema(En(Pos).Tema);
         TextoDestinos += " (";
         TextoDestinos += PalabraDireccion(Direccion);
         if (PorCentro) TextoDestinos += " - pasando por el centro";
         TextoDestinos += ")";
         TextoDestinos += CRLF;
         m_.ListaValores += std::to_string(Pos) + "_";
-        TerminarCamino(*this);
+        TerminarCamino();
         return;
     }
 
@@ -116,7 +113,7 @@ void Form1::BuscarDestinos(int Pos, int Direccion, int Pasos, int Origen, bool P
             if (TieneArriba(c))
                 BuscarDestinos(c.Arriba, kArriba, Pasos - 1, Pos, PorCentro);
             else
-                TerminarCamino(*this);
+                TerminarCamino();
             return;
         case kDerecha: {
             const bool sube = c.Arriba > 0;
@@ -124,7 +121,7 @@ void Form1::BuscarDestinos(int Pos, int Direccion, int Pasos, int Origen, bool P
             if (c.Derecha > 0)
                 BuscarDestinos(c.Derecha, kDerecha, Pasos - 1, Pos, PorCentro);
             else
-                TerminarCamino(*this);
+                TerminarCamino();
             if (sube) BuscarDestinos(c.Arriba, kArriba, Pasos - 1, Pos, PorCentro);
             return;
         }
@@ -140,7 +137,7 @@ void Form1::BuscarDestinos(int Pos, int Direccion, int Pasos, int Origen, bool P
             if (c.Abajo > 0)
                 BuscarDestinos(c.Abajo, kAbajo, Pasos - 1, Pos, PorCentro);
             else
-                TerminarCamino(*this);
+                TerminarCamino();
             return;
         case kIzquierda: {
             const bool sube = c.Arriba > 0;
@@ -148,19 +145,19 @@ void Form1::BuscarDestinos(int Pos, int Direccion, int Pasos, int Origen, bool P
             if (c.Izquierda > 0)
                 BuscarDestinos(c.Izquierda, kIzquierda, Pasos - 1, Pos, PorCentro);
             else
-                TerminarCamino(*this);
+                TerminarCamino();
             if (sube) BuscarDestinos(c.Arriba, kArriba, Pasos - 1, Pos, PorCentro);
             return;
         }
         default:
-            TerminarCamino(*this);
+            TerminarCamino();
             return;
     }
 }
 
 void Form1::CruzarCentro(int Origen, int& Pasos) {
     bool porCentro = true;
-    if (PosicionFicha[static_cast<std::size_t>(JugadorActual)] == 0) {
+    if (Ficha(JugadorActual) == 0) {
         // La tirada empezó en el centro: no lo cruza, sale de él.
         porCentro = false;
         ++Pasos;

@@ -46,9 +46,9 @@ void Dialog::Form_Activate() {
 
     if (ValorEnDado >= 1)
         Titulo = std::to_string(ValorEnDado);
-    else if (ValorEnDado == -1)
+    else if (ValorEnDado == kElegirEnElCentro)
         Titulo = "Casilla central";
-    else if (ValorEnDado == -2)
+    else if (ValorEnDado == kElegirEnLaPruebaFinal)
         Titulo = "PRUEBA FINAL";
 
     Text1 = Mensaje + CRLF + "Elige una opción.";

@@ -6,10 +6,14 @@
 #include <array>
 #include <string>
 
-#include "engine/estado.h"
-#include "engine/plataforma.h"
+#include "comun/estado.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
+
+// Los valores de ValorEnDado que no son una tirada y ponen otro título al diálogo.
+inline constexpr int kElegirEnElCentro = -1;  // "Casilla central"
+inline constexpr int kElegirEnLaPruebaFinal = -2;  // "PRUEBA FINAL"
 
 class VistaDialog {
 public:
@@ -24,6 +28,10 @@ class Dialog {
 public:
     Dialog(Module1& m, Plataforma& p) : m_(m), p_(p) {}
     void PonerVista(VistaDialog* vista) { vista_ = vista; }
+    // La vista que se va deja de pintar, si era la de ahora.
+    void QuitarVista(const VistaDialog* vista) {
+        if (vista_ == vista) vista_ = nullptr;
+    }
 
     // Propiedades que pone quien lo llama.
     std::string Mensaje;

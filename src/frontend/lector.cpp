@@ -1,16 +1,8 @@
-// El lector del tablero: cuenta con palabras la casilla en que se para el cursor.
-#include "engine/form1.h"
+#include "frontend/lector.h"
 
 namespace sabelot {
 
-namespace {
-
-// El radio de enfrente del radio s, en el centro.
-int Opuesto(int s) { return s + 3 > 6 ? s - 3 : s + 3; }
-
-}  // namespace
-
-std::string Form1::NombreTema(int& Tema) {
+std::string NombreTema(const Module1& m, int& Tema) {
     static const char* const kPropias[9] = {
         "",
         " Cine ",
@@ -22,24 +14,16 @@ std::string Form1::NombreTema(int& Tema) {
         " Casilla central ",
         " casilla de dados ",
     };
-    // Así es como el tema del centro pasa de 0 a 7 la primera vez que se nombra.
     if (Tema == 0 || Tema == -1) Tema = 7;
     if (Tema < 1 || Tema > 8) return "";
-    if (Tema <= kNumTemas && !m_.EtiquetaTema[static_cast<std::size_t>(Tema)].empty()) {
-        return m_.EtiquetaTema[static_cast<std::size_t>(Tema)];
-    }
+    if (Tema <= kNumTemas && !m.EtiquetaTema[static_cast<std::size_t>(Tema)].empty())
+        return m.EtiquetaTema[static_cast<std::size_t>(Tema)];
     return kPropias[Tema];
 }
 
-void Form1::DescribirCasilla() {
-    int posicion = -1;
-    int rumbo = -1;
-    DescribirCasilla(posicion, rumbo);
-}
-
-void Form1::DescribirCasilla(int& Posicion, int& Rumbo) {
-    if (Posicion == -1) Posicion = CasillaCursor;
-    if (Posicion < 0 || Posicion > kUltimaCasilla) return;
+std::string TextoCasilla(CamposForm1& f, const Module1& m, int& Posicion, int& Rumbo) {
+    if (Posicion == -1) Posicion = f.CasillaCursor;
+    if (Posicion < 0 || Posicion > kUltimaCasilla) return "";
 
     std::string t;
     if (Posicion == 0) {
@@ -47,35 +31,32 @@ void Form1::DescribirCasilla(int& Posicion, int& Rumbo) {
         t += CRLF;
         // Siempre el radio al que mira el jugador: así lo que se oye y lo que hacen
         // Arriba y Abajo coinciden, llegue como llegue el cursor al centro.
-        Rumbo = RumboCentro >= 1 && RumboCentro <= 6 ? RumboCentro : 1;
-        CasillaPrevia = 0;
-        t += NombreTema(Tablero[static_cast<std::size_t>(Rumbo)].Tema) + "arriba" + CRLF;
-        t += NombreTema(Tablero[static_cast<std::size_t>(Opuesto(Rumbo))].Tema) + " abajo " + CRLF;
+        Rumbo = f.RumboCentro >= 1 && f.RumboCentro <= 6 ? f.RumboCentro : 1;
+        f.CasillaPrevia = 0;
+        t += NombreTema(m, f.En(Rumbo).Tema) + "arriba" + CRLF;
+        t += NombreTema(m, f.En(RadioOpuesto(Rumbo)).Tema) + " abajo " + CRLF;
         t += "izquierda / derecha girar";
     } else {
-        Casilla& s = Tablero[static_cast<std::size_t>(Posicion)];
+        Casilla& s = f.En(Posicion);
         if (s.EsDados) {
             t = "Casilla de dados";
         } else if (s.EsQuesito) {
-            t = "Quesito de " + NombreTema(s.Tema);
+            t = "Quesito de " + NombreTema(m, s.Tema);
         } else {
             // Las etiquetas de las opciones no traen blanco delante; sin él el lector
             // de pantalla juntaría dos palabras en una.
-            std::string etiqueta = NombreTema(s.Tema);
+            const std::string etiqueta = NombreTema(m, s.Tema);
             t = "Casilla de";
             if (!etiqueta.empty() && etiqueta.front() != ' ') t += ' ';
             t += etiqueta;
         }
         t += CRLF;
-        if (LeerAnexas) {
-            // Sobre las casillas 1 a 6 el centro (0) es un enlace de verdad.
-            if (s.Arriba > 0 || (s.Arriba == 0 && s.Abajo > 0)) {
-                t += NombreTema(Tablero[static_cast<std::size_t>(s.Arriba)].Tema) + "arriba" + CRLF;
-            }
+        if (f.LeerAnexas) {
+            if (TieneArriba(s)) t += NombreTema(m, f.En(s.Arriba).Tema) + "arriba" + CRLF;
             auto vecina = [&](int n, const char* palabra) {
-                Casilla& v = Tablero[static_cast<std::size_t>(n)];
+                Casilla& v = f.En(n);
                 if (v.EsQuesito) t += " quesito de ";
-                t += NombreTema(v.Tema) + palabra;
+                t += NombreTema(m, v.Tema) + palabra;
             };
             if (s.Derecha > 0) {
                 vecina(s.Derecha, "derecha");
@@ -91,20 +72,20 @@ void Form1::DescribirCasilla(int& Posicion, int& Rumbo) {
 
     bool todasEnCentro = true;
     for (int i = 1; i <= kMaxJugadores; ++i) {
-        if (PosicionFicha[static_cast<std::size_t>(i)] != 0) todasEnCentro = false;
+        if (f.Ficha(i) != 0) todasEnCentro = false;
     }
     if (Posicion == 0 && todasEnCentro) {
         t += CRLF;
         t += "Todas las fichas.";
     } else {
-        for (int i = 1; i <= m_.NumJugadores && i <= kMaxJugadores; ++i) {
-            if (PosicionFicha[static_cast<std::size_t>(i)] == Posicion) {
+        for (int i = 1; i <= m.NumJugadores && i <= kMaxJugadores; ++i) {
+            if (f.Ficha(i) == Posicion) {
                 t += CRLF;
                 t += "Ficha del jugador " + std::to_string(i);
             }
         }
     }
-    PonerTexto1(t);
+    return t;
 }
 
 }  // namespace sabelot

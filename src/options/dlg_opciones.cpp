@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "comun/teclas.h"
+#include "comun/texto.h"
 #include "storage/canales.h"
 #include "storage/cp1252.h"
 #include "storage/opciones.h"
@@ -16,42 +18,8 @@ namespace {
 constexpr const char* kNoEspecificado = "(No especificado)";
 constexpr const char* kNumeros[6] = {"UNO", "DOS", "TRES", "CUATRO", "CINCO", "SEIS"};
 
-constexpr int kTeclaEnter = 13;
-constexpr int kTeclaRePag = 33;
-constexpr int kTeclaAvPag = 34;
-constexpr int kTeclaFin = 35;
-constexpr int kTeclaInicio = 36;
-constexpr int kTeclaArriba = 38;
-constexpr int kTeclaAbajo = 40;
-constexpr int kTeclaSupr = 46;
-constexpr int kTeclaF1 = 112;
-constexpr int kTeclaF2 = 113;
-constexpr int kAlt = 4;
+// Lo que se salta una página de una lista.
 constexpr int kPagina = 8;
-
-// Siguiente carácter de un texto UTF-8; los bytes sueltos valen por sí mismos.
-char32_t SiguienteCaracter(const std::string& s, std::size_t& i) {
-    const auto b = static_cast<unsigned char>(s[i]);
-    int resto = 0;
-    char32_t c = b;
-    if (b >= 0xF0 && b < 0xF8) {
-        c = b & 0x07;
-        resto = 3;
-    } else if (b >= 0xE0) {
-        c = b & 0x0F;
-        resto = 2;
-    } else if (b >= 0xC0) {
-        c = b & 0x1F;
-        resto = 1;
-    }
-    ++i;
-    for (; resto > 0 && i < s.size(); --resto, ++i) {
-        const auto siguiente = static_cast<unsigned char>(s[i]);
-        if ((siguiente & 0xC0) != 0x80) break;
-        c = (c << 6) | (siguiente & 0x3F);
-    }
-    return c;
-}
 
 // Clave de orden de un carácter: sin mayúsculas ni acentos, y la eñe tras la ene.
 std::u32string ClaveCaracter(char32_t c) {
@@ -72,15 +40,18 @@ std::u32string ClaveCaracter(char32_t c) {
 
 std::u32string ClaveOrden(const std::string& s) {
     std::u32string clave;
-    for (std::size_t i = 0; i < s.size();) clave += ClaveCaracter(SiguienteCaracter(s, i));
+    for (std::size_t i = 0; i < s.size();) {
+        char32_t c = 0;
+        std::size_t n = LeerUtf8(s, i, c);
+        // Un byte que no es UTF-8 vale por sí mismo.
+        if (n == 0) {
+            c = static_cast<unsigned char>(s[i]);
+            n = 1;
+        }
+        clave += ClaveCaracter(c);
+        i += n;
+    }
     return clave;
-}
-
-// Los blancos de los extremos fuera, como hace Trim.
-std::string Recortar(const std::string& s) {
-    const std::size_t inicio = s.find_first_not_of(' ');
-    if (inicio == std::string::npos) return "";
-    return s.substr(inicio, s.find_last_not_of(' ') - inicio + 1);
 }
 
 // "1", "1 y 2", "1, 2 y 3".
@@ -238,7 +209,7 @@ void DlgOpciones::SeleccionarList2(int Index, int posicion) {
 }
 
 void DlgOpciones::List1_KeyDown(int Index, int KeyCode, int) {
-    if (KeyCode != kTeclaF1) return;
+    if (KeyCode != vbKeyF1) return;
     if (Index == 0) {
         p_.MsgBox("Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6.", vbOKOnly,
                   kTituloPrograma);
@@ -294,7 +265,7 @@ void DlgOpciones::List2_Validate(int Index, bool&) {
 
 void DlgOpciones::List2_KeyDown(int Index, int KeyCode, int) {
     ListaOpciones& etiquetas = List2[2];
-    if (Index == 2 && (KeyCode == kTeclaEnter || KeyCode == kTeclaF2)) {
+    if (Index == 2 && (KeyCode == vbKeyReturn || KeyCode == vbKeyF2)) {
         if (etiquetas.ListIndex < 0) return;
         std::string inicial = etiquetas.Text() == kNoEspecificado ? List2[1].Text() : etiquetas.Text();
         for (;;) {
@@ -320,17 +291,25 @@ void DlgOpciones::List2_KeyDown(int Index, int KeyCode, int) {
                 inicial = texto;
                 continue;
             }
+            // Se dice en cada casilla: una etiqueta larguísima tardaría en oírse y en mostrarse.
+            if (Caracteres(Recortar(texto)) > kMaxEtiqueta) {
+                p_.MsgBox("La etiqueta es demasiado larga: escriba una de " + std::to_string(kMaxEtiqueta) +
+                              " letras como mucho.",
+                          vbExclamation, kTituloPrograma);
+                inicial = texto;
+                continue;
+            }
             etiquetas.List[static_cast<std::size_t>(etiquetas.ListIndex)] = Recortar(texto);
             return;
         }
     }
-    if (Index == 2 && KeyCode == kTeclaSupr) {
+    if (Index == 2 && KeyCode == vbKeyDelete) {
         if (etiquetas.ListIndex < 0) return;
         etiquetas.List[static_cast<std::size_t>(etiquetas.ListIndex)] = kNoEspecificado;
         FicheroElegido[static_cast<std::size_t>(etiquetas.ListIndex)].clear();
         return;
     }
-    if (KeyCode != kTeclaF1) return;
+    if (KeyCode != vbKeyF1) return;
     if (Index == 0) {
         p_.MsgBox(
             "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
@@ -396,7 +375,7 @@ void DlgOpciones::OKButton_Click() {
     }
     for (std::size_t p = 0; p < 6; ++p) m_.CanalTema[p + 1] = CanalElegido[p];
 
-    if (!GuardarOpciones(m_, p_, canales_)) {
+    if (!GuardarOpciones(m_, p_)) {
         p_.MsgBox(
             "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
             "próxima vez que abra el juego volverán las anteriores.",
@@ -434,20 +413,20 @@ void DlgOpciones::CambiarFoco(ControlOpciones destino) {
 
 bool DlgOpciones::Navegar(ListaOpciones& lista, int KeyCode, int Shift, int& nueva) {
     // Lo que hace una lista con sus teclas: flechas, inicio, fin, páginas e inicial.
-    if ((Shift & kAlt) != 0 || lista.ListCount() == 0) return false;
+    if ((Shift & vbAltMask) != 0 || lista.ListCount() == 0) return false;
     const int ultima = lista.ListCount() - 1;
     const int actual = lista.ListIndex;
     switch (KeyCode) {
-        case kTeclaArriba: nueva = actual < 0 ? 0 : std::max(0, actual - 1); return true;
-        case kTeclaAbajo: nueva = actual < 0 ? 0 : std::min(ultima, actual + 1); return true;
-        case kTeclaInicio: nueva = 0; return true;
-        case kTeclaFin: nueva = ultima; return true;
-        case kTeclaRePag: nueva = actual < 0 ? 0 : std::max(0, actual - kPagina); return true;
-        case kTeclaAvPag: nueva = actual < 0 ? 0 : std::min(ultima, actual + kPagina); return true;
+        case vbKeyUp: nueva = actual < 0 ? 0 : std::max(0, actual - 1); return true;
+        case vbKeyDown: nueva = actual < 0 ? 0 : std::min(ultima, actual + 1); return true;
+        case vbKeyHome: nueva = 0; return true;
+        case vbKeyEnd: nueva = ultima; return true;
+        case vbKeyPageUp: nueva = actual < 0 ? 0 : std::max(0, actual - kPagina); return true;
+        case vbKeyPageDown: nueva = actual < 0 ? 0 : std::min(ultima, actual + kPagina); return true;
         default: break;
     }
-    const bool letra = (KeyCode >= 'A' && KeyCode <= 'Z') || (KeyCode >= '0' && KeyCode <= '9');
-    if (!letra || (Shift & 2) != 0) return false;
+    const bool letra = (KeyCode >= vbKeyA && KeyCode <= vbKeyZ) || (KeyCode >= vbKey0 && KeyCode <= vbKey9);
+    if (!letra || (Shift & vbCtrlMask) != 0) return false;
     const std::u32string buscada = ClaveCaracter(static_cast<char32_t>(KeyCode));
     nueva = actual;
     for (int paso = 1; paso <= lista.ListCount(); ++paso) {
@@ -469,7 +448,7 @@ bool DlgOpciones::Tecla(ControlOpciones control, int KeyCode, int Shift) {
         case ControlOpciones::List1_1: {
             const int i = control == ControlOpciones::List1_0 ? 0 : 1;
             List1_KeyDown(i, KeyCode, Shift);
-            atendida = KeyCode == kTeclaF1;
+            atendida = KeyCode == vbKeyF1;
             lista = &List1[static_cast<std::size_t>(i)];
             int nueva = -1;
             if (Navegar(*lista, KeyCode, Shift, nueva)) {
@@ -483,8 +462,8 @@ bool DlgOpciones::Tecla(ControlOpciones control, int KeyCode, int Shift) {
         case ControlOpciones::List2_2: {
             const int i = IndiceList2(control);
             List2_KeyDown(i, KeyCode, Shift);
-            atendida = KeyCode == kTeclaF1 ||
-                       (i == 2 && (KeyCode == kTeclaEnter || KeyCode == kTeclaF2 || KeyCode == kTeclaSupr));
+            atendida = KeyCode == vbKeyF1 ||
+                       (i == 2 && (KeyCode == vbKeyReturn || KeyCode == vbKeyF2 || KeyCode == vbKeyDelete));
             lista = &List2[static_cast<std::size_t>(i)];
             int nueva = -1;
             if (Navegar(*lista, KeyCode, Shift, nueva)) {

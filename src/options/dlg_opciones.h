@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/estado.h"
-#include "engine/plataforma.h"
+#include "comun/estado.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
 
@@ -49,6 +49,10 @@ class DlgOpciones {
 public:
     DlgOpciones(Module1& m, Plataforma& p, Canales& canales);
     void PonerVista(VistaDlgOpciones* vista) { vista_ = vista; }
+    // La vista que se va deja de pintar, si era la de ahora.
+    void QuitarVista(const VistaDlgOpciones* vista) {
+        if (vista_ == vista) vista_ = nullptr;
+    }
 
     // --- Lo que se ve ---
     std::string Caption = "Opciones";
@@ -87,7 +91,7 @@ public:
     // --- Lo que llama la vista ---
     // El foco pasa a otro control: valida al salir de List2(1) y avisa a la lista que entra.
     void CambiarFoco(ControlOpciones destino);
-    // Una tecla en un control: su KeyDown y, en las listas, el movimiento de siempre.
+    // Una tecla en un control: su KeyDown y, en las listas, lo que hace cualquier lista.
     // Verdadero si la tecla ya está atendida y la vista no debe hacer nada más con ella.
     bool Tecla(ControlOpciones control, int KeyCode, int Shift);
     // El jugador elige con el ratón la entrada de una lista.

@@ -1,21 +1,10 @@
 #include "questions/dialog1.h"
 
+#include "comun/teclas.h"
+#include "comun/texto.h"
 #include "storage/canales.h"
 
 namespace sabelot {
-
-namespace {
-
-// Caracteres de un texto UTF-8: la selección de la vista cuenta caracteres, no bytes.
-int Caracteres(const std::string& s) {
-    int n = 0;
-    for (unsigned char b : s) {
-        if ((b & 0xC0) != 0x80) ++n;
-    }
-    return n;
-}
-
-}  // namespace
 
 void Dialog1::Form_Activate() {
     FalloApertura = false;
@@ -44,15 +33,17 @@ void Dialog1::MostrarPregunta() {
     Text1 = "  " + Pregunta;
     Text2 = "1. " + Respuesta(1);
     IndiceActual = 1;
-    // Desde el segundo carácter: el lector de pantalla empieza por la pregunta.
+    // Desde el segundo carácter: el lector de pantalla empieza por la pregunta. La selección
+    // cuenta caracteres, no bytes.
     Text1SelStart = 1;
     Text1SelLength = Caracteres(Text1) - 1;
     Refrescar();
 }
 
 void Dialog1::Text2_KeyDown(int& KeyCode, int /*Shift*/) {
+    Anuncios::Tramo tramo(p_.Voz());
     switch (KeyCode) {
-        case 40:  // abajo
+        case vbKeyDown:
             if (IndiceActual < NumRespuestas()) {
                 ++IndiceActual;
             } else {
@@ -60,7 +51,7 @@ void Dialog1::Text2_KeyDown(int& KeyCode, int /*Shift*/) {
                 IndiceActual = 1;
             }
             break;
-        case 38:  // arriba
+        case vbKeyUp:
             if (IndiceActual > 1) {
                 --IndiceActual;
             } else {
@@ -68,18 +59,20 @@ void Dialog1::Text2_KeyDown(int& KeyCode, int /*Shift*/) {
                 IndiceActual = NumRespuestas();
             }
             break;
-        case 13:
-        case 32:
+        case vbKeyReturn:
+        case vbKeySpace:
             Juzgar();
             return;
         default:
             // Lo demás no hace nada; lo que va por debajo de 32 lo lleva la ventana.
-            if (KeyCode >= 32) KeyCode = 0;
+            if (KeyCode >= vbKeySpace) KeyCode = 0;
             return;
     }
     if (IndiceActual < 1 || IndiceActual > NumRespuestas()) IndiceActual = 1;
     Text2 = std::to_string(IndiceActual) + ". " + Respuesta(IndiceActual);
     Refrescar();
+    // Cada paso se dice, aunque sea la misma respuesta de antes: el jugador pulsó una tecla.
+    p_.Voz().Decir(Text2);
 }
 
 void Dialog1::Text2_KeyPress(int& KeyAscii) { KeyAscii = 0; }

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/estado.h"
-#include "engine/plataforma.h"
+#include "comun/estado.h"
+#include "comun/plataforma.h"
 #include "questions/mazo.h"
 
 namespace sabelot {
@@ -27,6 +27,10 @@ class Dialog1 {
 public:
     Dialog1(Module1& m, Plataforma& p, Canales& canales) : m_(m), p_(p), canales_(canales) {}
     void PonerVista(VistaDialog1* vista) { vista_ = vista; }
+    // La vista que se va deja de pintar, si era la de ahora.
+    void QuitarVista(const VistaDialog1* vista) {
+        if (vista_ == vista) vista_ = nullptr;
+    }
 
     // Propiedades.
     int NTema = 1;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "comun/texto.h"
 #include "questions/dialog1.h"
 #include "questions/registro.h"
 #include "storage/canales.h"
@@ -11,6 +12,9 @@
 #include "storage/ficheros_preguntas.h"
 
 namespace sabelot {
+
+// El lector corta las líneas donde el registro las da por largas.
+static_assert(kMaxLineaQzf == kMaxLinea, "la línea más larga es la misma para el lector y el registro");
 
 namespace {
 
@@ -24,6 +28,8 @@ const char* const kSinPreguntasValidas =
     "El archivo correspondiente a esa categoría no contiene preguntas válidas. Reajuste las "
     "opciones antes de continuar jugando";
 const char* const kDandoLaVuelta = "Dando la vuelta al mazo de preguntas";
+// Un fichero que no se abre por ser demasiado grande: da el aviso de cualquier otro error.
+constexpr int kErrorFicheroEnorme = 7;
 
 }  // namespace
 
@@ -34,7 +40,11 @@ void Dialog1::AbrirFichero(bool LeerDespues, bool AlAzar) {
         const std::string ruta = Ruta(
             p_.CarpetaPrograma(), {"preguntas", m_.FicheroTema[static_cast<std::size_t>(NTema)] + ".qzf"});
         // El canal 0 no es válido: Abrir lo rechaza y sale el segundo mensaje.
-        const int error = canales_.Abrir(c, ruta, ModoApertura::Lectura);
+        int error = canales_.Abrir(c, ruta);
+        if (error == 0 && canales_.Get(c)->Longitud() > kMaxFicheroQzf) {
+            canales_.Cerrar(c);
+            error = kErrorFicheroEnorme;
+        }
         if (error != 0) {
             p_.MsgBox(error == kErrorNoExiste ? kNoSeEncuentra : kErrorAlAbrir, vbOKOnly,
                       kTituloPrograma);
@@ -163,19 +173,26 @@ void Dialog1::LeerPregunta() {
         }
         indice.Anadir(mazo, posicion);
 
+        // Una línea cortada por larga deja el registro sin preguntar.
         Registro registro(linea);
+        if (f->LineaLarga()) registro.MarcarLineaLarga();
         while (!f->Fin()) {
             f->LeerLinea(linea);
+            const bool larga = f->LineaLarga();
             if (!registro.Anadir(linea)) break;
+            if (larga) registro.MarcarLineaLarga();
         }
-        // Sin respuestas o sin una "a>" que nombre una: se salta, y su marca se queda.
+        // Sin respuestas, sin una "a>" que nombre una o con una línea larga: se salta, y su
+        // marca se queda.
         if (!registro.SePuedePreguntar()) continue;
 
-        Pregunta = Cp1252AUtf8(registro.Pregunta);
+        // Un byte de control en el fichero sale como blanco: el lector de pantalla no dice
+        // un texto que lo lleve.
+        Pregunta = SinControles(Cp1252AUtf8(registro.Pregunta));
         Respuestas.clear();
-        for (const auto& r : registro.Respuestas) Respuestas.push_back(Cp1252AUtf8(r));
+        for (const auto& r : registro.Respuestas) Respuestas.push_back(SinControles(Cp1252AUtf8(r)));
         IndiceCorrecto = registro.IndiceCorrecto;
-        Comentario = Cp1252AUtf8(registro.Comentario);
+        Comentario = SinControles(Cp1252AUtf8(registro.Comentario));
         MostrarPregunta();
         return;
     }

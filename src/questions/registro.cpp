@@ -1,6 +1,6 @@
 #include "questions/registro.h"
 
-#include "engine/estado.h"
+#include "comun/estado.h"
 
 namespace sabelot {
 
@@ -90,6 +90,7 @@ int Registro::NumRespuestas() const {
 }
 
 DefectoRegistro Registro::Defecto() const {
+    if (lineaLarga_) return DefectoRegistro::LineaLarga;
     if (NumRespuestas() == 0) return DefectoRegistro::SinRespuestas;
     if (LineasCorrecta == 0) return DefectoRegistro::SinCorrecta;
     if (!CorrectaConNumero) return DefectoRegistro::CorrectaSinNumero;
@@ -110,6 +111,10 @@ const char* TextoDefecto(DefectoRegistro defecto) {
             return "la línea a> no empieza por un número";
         case DefectoRegistro::CorrectaFueraDeRango:
             return "la línea a> nombra una respuesta que no existe";
+        case DefectoRegistro::LineaLarga:
+            // kMaxLineaQzf, escrito: el texto no se compone.
+            static_assert(kMaxLineaQzf == 4096, "el texto dice 4096");
+            return "una de sus líneas pasa de 4096 bytes";
     }
     return "";
 }

@@ -2,10 +2,19 @@
 // Las usan el lector del juego y la revisión de ficheros, para que digan lo mismo.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace sabelot {
+
+// La línea más larga que el juego lee de un fichero de preguntas. Una más larga no es de un
+// fichero hecho a mano: el registro que la lleva no se pregunta, y leerla no cuesta más que
+// pasar por encima de ella.
+inline constexpr std::size_t kMaxLineaQzf = 4096;
+// El fichero de preguntas más grande que el juego abre: 32.767 preguntas largas caben de sobra
+// en 64 MiB. Uno mayor no es un fichero de preguntas, y recorrerlo en cada pregunta se notaría.
+inline constexpr std::int64_t kMaxFicheroQzf = std::int64_t{64} * 1024 * 1024;
 
 // Qué es una línea según cómo empieza; las marcas no distinguen mayúsculas.
 enum class TipoLinea { Pregunta, Respuesta, Correcta, Comentario, Otra };
@@ -28,6 +37,7 @@ enum class DefectoRegistro {
     SinCorrecta,           // no hay línea "a>"
     CorrectaSinNumero,     // la "a>" no empieza por un número
     CorrectaFueraDeRango,  // la "a>" nombra una respuesta que no existe
+    LineaLarga,            // alguna de sus líneas pasa de kMaxLineaQzf bytes
 };
 
 // Un registro que se va leyendo línea a línea, empezando por su "q>".
@@ -51,10 +61,16 @@ public:
     int IndiceCorrecto = 0;
     std::string Comentario;
 
+    // Alguna línea del registro pasaba de kMaxLineaQzf bytes y llegó cortada.
+    void MarcarLineaLarga() { lineaLarga_ = true; }
+
     int LineasCorrecta = 0;           // cuántas "a>" tenía
     bool CorrectaConNumero = false;   // la última "a>" empezaba por un número
     bool EnComentario = false;        // ya se leyó su "c>"
     bool CerradoPorPregunta = false;  // lo cerró una "q>", que se ha tragado
+
+private:
+    bool lineaLarga_ = false;
 };
 
 // Texto de cada defecto, para los mensajes de la revisión.

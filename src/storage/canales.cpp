@@ -2,11 +2,11 @@
 
 namespace sabelot {
 
-int Canales::Abrir(int canal, const std::string& ruta, ModoApertura modo) {
+int Canales::Abrir(int canal, const std::string& ruta) {
     if (canal < 1 || canal > 511) return kErrorCanal;
     if (Abierto(canal)) return 55;  // fichero ya abierto
     int error = 0;
-    auto f = ficheros_.Abrir(ruta, modo, error);
+    auto f = ficheros_.Abrir(ruta, error);
     if (!f) return error != 0 ? error : 75;
     abiertos_[canal] = std::move(f);
     return 0;

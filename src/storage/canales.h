@@ -1,4 +1,4 @@
-// Ficheros abiertos bajo un número de canal, como los usa el juego:
+// Ficheros abiertos para leer bajo un número de canal, como los usa el juego:
 // preguntas en 1 a 6, partidas en 10, opciones en el primero libre.
 #pragma once
 
@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
 
@@ -17,15 +17,15 @@ class Canales {
 public:
     explicit Canales(SistemaFicheros& ficheros) : ficheros_(ficheros) {}
 
-    // 0 si se abrió; 53 si el fichero no existe; otro número si no se pudo.
+    // Abre para leer. 0 si se abrió; 53 si el fichero no existe; otro número si no se pudo.
     // El canal 0 no es válido, y uno ya abierto tampoco.
-    int Abrir(int canal, const std::string& ruta, ModoApertura modo);
+    int Abrir(int canal, const std::string& ruta);
     bool Abierto(int canal) const;
     // nullptr si el canal no está abierto.
     Fichero* Get(int canal);
     // Cierra si está abierto; falso si al volcar a disco falló algo.
     bool Cerrar(int canal);
-    // El primer número libre desde 1 (FreeFile).
+    // El número más bajo, desde 1, que no está abierto.
     int Libre() const;
     void CerrarTodos();
 

@@ -1,6 +1,6 @@
 #include "storage/cp1252.h"
 
-#include "storage/utf8.h"
+#include "comun/texto.h"
 
 #include <cstdint>
 

@@ -1,21 +1,17 @@
 #include "storage/ficheros_preguntas.h"
 
-#include "engine/form1.h"
 #include "storage/canales.h"
 
 namespace sabelot {
 
-bool Form1::FaltanFicheros() {
+bool FaltaFicheroDePreguntas(const Module1& m, Plataforma& p) {
     bool falta = false;
     // Sin cortar en el primero que falte: la respuesta es la misma, y así siempre se
     // pregunta lo mismo al disco.
     for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-        const std::string& nombre = m_.FicheroTema[tema];
-        // Un nombre vacío es un tema sin fichero elegido, aunque existiera un ".qzf".
-        if (nombre.empty() ||
-            !p_.Ficheros().Existe(Ruta(p_.CarpetaPrograma(), {"preguntas", nombre + ".qzf"}))) {
+        const std::string& nombre = m.FicheroTema[tema];
+        if (nombre.empty() || !p.Ficheros().Existe(Ruta(p.CarpetaPrograma(), {"preguntas", nombre + ".qzf"})))
             falta = true;
-        }
     }
     return falta;
 }

@@ -1,5 +1,7 @@
 #include "storage/opciones.h"
 
+#include "comun/texto.h"
+#include "storage/escritura.h"
 #include "storage/texto_delimitado.h"
 
 namespace sabelot {
@@ -15,6 +17,25 @@ bool EnRango(int valor, int minimo, int maximo) { return valor >= minimo && valo
 
 }  // namespace
 
+bool EtiquetaValida(const std::string& etiqueta) {
+    if (Caracteres(etiqueta) > kMaxEtiqueta + 1) return false;
+    for (unsigned char c : etiqueta) {
+        if (c < 0x20 || c == 0x7F || c == '"') return false;
+    }
+    return true;
+}
+
+bool NombreDeFicheroValido(const std::string& nombre) {
+    // Un nombre de fichero corriente: ni carpetas, ni el de arriba, ni de otro disco.
+    if (nombre.size() > 200 || nombre == "." || nombre == ".." || nombre.find("..") != std::string::npos) return false;
+    for (unsigned char c : nombre) {
+        if (c < 0x20 || c == 0x7F || c == '/' || c == '\\' || c == ':' || c == '"' || c == '*' || c == '?' ||
+            c == '<' || c == '>' || c == '|')
+            return false;
+    }
+    return true;
+}
+
 void LeerOpciones(Module1& m, Plataforma& p, Canales& canales) {
     const std::string ruta = RutaOpciones(p);
     if (!p.Ficheros().Existe(ruta)) return;
@@ -23,26 +44,27 @@ void LeerOpciones(Module1& m, Plataforma& p, Canales& canales) {
     // mejor eso que a medias con valores que no sirven.
     if (!t.Bien() || t.registros.size() != 7) return;
     using T = Campo::Tipo;
-    const Registro& r1 = t.registros[0];
+    const RegistroDelimitado& r1 = t.registros[0];
     if (!TieneForma(r1, {T::Entero, T::Entero})) return;
     if (!EnRango(r1[0].entero, 1, kMaxJugadores) || !EnRango(r1[1].entero, 1, kNumTemas)) return;
     for (int tema = 1; tema <= kNumTemas; ++tema) {
-        const Registro& r = t.registros[static_cast<std::size_t>(tema)];
+        const RegistroDelimitado& r = t.registros[static_cast<std::size_t>(tema)];
         if (!TieneForma(r, {T::Cadena, T::Cadena, T::Entero})) return;
         if (!EnRango(r[2].entero, 1, kNumTemas)) return;
+        if (!NombreDeFicheroValido(r[0].cadena) || !EtiquetaValida(r[1].cadena)) return;
     }
 
     m.NumJugadores = r1[0].entero;
     m.QuesitosParaGanar = r1[1].entero;
     for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-        const Registro& r = t.registros[tema];
+        const RegistroDelimitado& r = t.registros[tema];
         m.FicheroTema[tema] = r[0].cadena;
         m.EtiquetaTema[tema] = r[1].cadena;
         m.CanalTema[tema] = r[2].entero;
     }
 }
 
-bool GuardarOpciones(const Module1& m, Plataforma& p, Canales& canales) {
+bool GuardarOpciones(const Module1& m, Plataforma& p) {
     EscritorDelimitado e;
     e.Entero(m.NumJugadores);
     e.Entero(m.QuesitosParaGanar);
@@ -53,7 +75,7 @@ bool GuardarOpciones(const Module1& m, Plataforma& p, Canales& canales) {
         e.Entero(m.CanalTema[tema]);
         e.FinRegistro();
     }
-    return EscribirDeUnaVez(canales, p.Ficheros(), canales.Libre(), RutaOpciones(p), e.Bytes());
+    return EscribirDeUnaVez(p.Ficheros(), RutaOpciones(p), e.Bytes());
 }
 
 }  // namespace sabelot

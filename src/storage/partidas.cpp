@@ -1,36 +1,23 @@
-// Partidas guardadas: un fichero de texto delimitado en la carpeta del programa.
-#include <optional>
+#include "storage/partidas.h"
 
-#include "engine/form1.h"
+#include "comun/texto.h"
 #include "storage/canales.h"
+#include "storage/escritura.h"
+#include "storage/opciones.h"
 #include "storage/texto_delimitado.h"
 
 namespace sabelot {
 
 namespace {
 
+// Las partidas se leen y se escriben siempre en este canal.
 constexpr int kCanalPartida = 10;
 // Una partida de seis jugadores ocupa poco más de un kilobyte.
 constexpr std::int64_t kMaximoPartida = 64 * 1024;
 
-std::string QuitarBlancos(const std::string& s) {
-    const std::size_t inicio = s.find_first_not_of(' ');
-    if (inicio == std::string::npos) return "";
-    return s.substr(inicio, s.find_last_not_of(' ') - inicio + 1);
-}
+}  // namespace
 
-std::string Mayusculas(std::string s) {
-    for (char& c : s) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
-    return s;
-}
-
-enum class FalloNombre { Ninguno, Caracter, Otro };
-
-// Los nombres que no deben llegar al sistema de ficheros: las partidas van solo en
-// la carpeta del programa, y un nombre de dispositivo de Windows no es un fichero.
-FalloNombre ComprobarNombre(const std::string& nombre) {
+FalloNombre ComprobarNombrePartida(const std::string& nombre) {
     static const std::string kProhibidos = "<>:\"|?*/\\";
     for (unsigned char c : nombre) {
         if (c < 0x20 || c == 0x7F || kProhibidos.find(static_cast<char>(c)) != std::string::npos) {
@@ -40,7 +27,7 @@ FalloNombre ComprobarNombre(const std::string& nombre) {
     if (nombre.find("..") != std::string::npos) return FalloNombre::Otro;
     // Windows toma "CON.sav" o "nul .x" por el dispositivo: cuenta lo de antes del punto,
     // sin los blancos y puntos del final.
-    std::string base = Mayusculas(nombre.substr(0, nombre.find('.')));
+    std::string base = MayusculasAscii(nombre.substr(0, nombre.find('.')));
     while (!base.empty() && (base.back() == ' ' || base.back() == '.')) base.pop_back();
     static const char* const kDispositivos[] = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
     for (const char* d : kDispositivos) {
@@ -53,33 +40,36 @@ FalloNombre ComprobarNombre(const std::string& nombre) {
     return FalloNombre::Ninguno;
 }
 
+namespace {
+
+// El nombre con ".sav" si no lo trae ya.
+std::string ConExtension(const std::string& nombre) {
+    if (nombre.size() >= 4 && MayusculasAscii(nombre.substr(nombre.size() - 4)) == ".SAV") return nombre;
+    return nombre + ".sav";
+}
+
+}  // namespace
+
 std::string RutaPartida(const std::string& carpeta, const std::string& nombre) {
-    std::string ruta = Ruta(carpeta, {nombre});
-    if (ruta.size() < 4 || Mayusculas(ruta.substr(ruta.size() - 4)) != ".SAV") ruta += ".sav";
+    return Ruta(carpeta, {ConExtension(nombre)});
+}
+
+std::string BuscarPartida(SistemaFicheros& ficheros, const std::string& carpeta, const std::string& nombre) {
+    const std::string ruta = RutaPartida(carpeta, nombre);
+    if (ficheros.Existe(ruta)) return ruta;
+    // Donde el sistema distingue mayúsculas, "PARTIDA1" es la partida1.sav que ya hay.
+    const std::string buscado = Minusculas(ConExtension(nombre));
+    for (const std::string& fichero : ficheros.Listar(carpeta, ".sav")) {
+        if (Minusculas(fichero) == buscado) return Ruta(carpeta, {fichero});
+    }
     return ruta;
 }
 
-// Una partida leída entera y comprobada, antes de tocar la que se está jugando.
-struct PartidaLeida {
-    int NumJugadores = 0;
-    int QuesitosParaGanar = 0;
-    int JugadorActual = 0;
-    std::array<std::string, 7> FicheroTema{};
-    std::array<std::string, 7> EtiquetaTema{};
-    std::array<int, 7> CanalTema{};
-    struct Jugador {
-        int PosicionFicha = 0;
-        int NumQuesitos = 0;
-        std::array<bool, 7> QuesitoGanado{};
-        std::array<int, 7> Aciertos{};
-        std::array<int, 7> Preguntas{};
-    };
-    std::array<Jugador, 7> Jugadores{};
-};
+namespace {
 
 bool EnRango(int valor, int minimo, int maximo) { return valor >= minimo && valor <= maximo; }
 
-std::optional<PartidaLeida> InterpretarPartida(const std::vector<Registro>& registros) {
+std::optional<PartidaLeida> InterpretarPartida(const std::vector<RegistroDelimitado>& registros) {
     using T = Campo::Tipo;
     PartidaLeida p;
     if (registros.empty() || !TieneForma(registros[0], {T::Entero, T::Entero, T::Entero})) {
@@ -97,8 +87,9 @@ std::optional<PartidaLeida> InterpretarPartida(const std::vector<Registro>& regi
 
     std::size_t n = 1;
     for (std::size_t tema = 1; tema <= kNumTemas; ++tema, ++n) {
-        const Registro& r = registros[n];
-        if (!TieneForma(r, {T::Cadena, T::Cadena, T::Entero}) || !EnRango(r[2].entero, 0, kNumTemas)) {
+        const RegistroDelimitado& r = registros[n];
+        if (!TieneForma(r, {T::Cadena, T::Cadena, T::Entero}) || !EnRango(r[2].entero, 0, kNumTemas) ||
+            !NombreDeFicheroValido(r[0].cadena) || !EtiquetaValida(r[1].cadena)) {
             return std::nullopt;
         }
         p.FicheroTema[tema] = r[0].cadena;
@@ -107,7 +98,7 @@ std::optional<PartidaLeida> InterpretarPartida(const std::vector<Registro>& regi
     }
     for (int j = 1; j <= p.NumJugadores; ++j) {
         PartidaLeida::Jugador& jug = p.Jugadores[static_cast<std::size_t>(j)];
-        const Registro& r = registros[n++];
+        const RegistroDelimitado& r = registros[n++];
         if (!TieneForma(r, {T::Entero, T::Entero}) || !EnRango(r[0].entero, 0, kUltimaCasilla)) {
             return std::nullopt;
         }
@@ -115,7 +106,7 @@ std::optional<PartidaLeida> InterpretarPartida(const std::vector<Registro>& regi
         jug.NumQuesitos = r[1].entero;
         int ganados = 0;
         for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-            const Registro& q = registros[n++];
+            const RegistroDelimitado& q = registros[n++];
             if (!TieneForma(q, {T::Booleano, T::Entero, T::Entero})) return std::nullopt;
             jug.QuesitoGanado[tema] = q[0].booleano;
             jug.Aciertos[tema] = q[1].entero;
@@ -130,116 +121,68 @@ std::optional<PartidaLeida> InterpretarPartida(const std::vector<Registro>& regi
 
 }  // namespace
 
-void Form1::GuardarPartida() {
-    // Lo que se guarda no cambia mientras se pregunta el nombre: se prepara una vez.
+
+std::string BytesPartida(const Module1& m, const CamposForm1& f) {
     EscritorDelimitado e;
-    e.Entero(m_.NumJugadores);
-    e.Entero(m_.QuesitosParaGanar);
-    e.Entero(JugadorActual);
+    e.Entero(m.NumJugadores);
+    e.Entero(m.QuesitosParaGanar);
+    e.Entero(f.JugadorActual);
     e.FinRegistro();
     for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-        e.Cadena(m_.FicheroTema[tema]);
-        e.Cadena(m_.EtiquetaTema[tema]);
-        e.Entero(m_.CanalTema[tema]);
+        e.Cadena(m.FicheroTema[tema]);
+        e.Cadena(m.EtiquetaTema[tema]);
+        e.Entero(m.CanalTema[tema]);
         e.FinRegistro();
     }
-    for (int j = 1; j <= m_.NumJugadores && j <= kMaxJugadores; ++j) {
-        const bool enTablas = j <= m_.NumQuesitos.Limite() && j <= m_.Preguntas.Jugadores() &&
-                              j <= m_.Aciertos.Jugadores() && j <= m_.QuesitoGanado.Jugadores();
-        e.Entero(PosicionFicha[static_cast<std::size_t>(j)]);
-        e.Entero(enTablas ? m_.NumQuesitos(j) : 0);
+    for (int j = 1; j <= m.NumJugadores && j <= kMaxJugadores; ++j) {
+        // Un jugador que las tablas no tienen (no debería pasar) se guarda a cero.
+        const bool enTablas = j <= m.NumQuesitos.Limite() && j <= m.Preguntas.Jugadores() &&
+                              j <= m.Aciertos.Jugadores() && j <= m.QuesitoGanado.Jugadores();
+        e.Entero(f.Ficha(j));
+        e.Entero(enTablas ? m.NumQuesitos(j) : 0);
         e.FinRegistro();
         for (int tema = 1; tema <= kNumTemas; ++tema) {
-            e.Booleano(enTablas && m_.QuesitoGanado(tema, j));
-            e.Entero(enTablas ? m_.Aciertos(tema, j) : 0);
-            e.Entero(enTablas ? m_.Preguntas(tema, j) : 0);
+            e.Booleano(enTablas && m.QuesitoGanado(tema, j));
+            e.Entero(enTablas ? m.Aciertos(tema, j) : 0);
+            e.Entero(enTablas ? m.Preguntas(tema, j) : 0);
             e.FinRegistro();
         }
     }
-
-    std::string inicial;
-    for (;;) {
-        const std::string escrito = p_.InputBox(
-            "Introduzca un nombre para guardar la partida actual: (si existe otra partida con ese "
-            "nombre se eliminará)",
-            "Guardar Partida", inicial);
-        const std::string nombre = QuitarBlancos(escrito);
-        if (nombre.empty()) {
-            PonerTexto1("Cancelado");
-            return;
-        }
-        const FalloNombre fallo = ComprobarNombre(nombre);
-        if (fallo == FalloNombre::Ninguno &&
-            EscribirDeUnaVez(canales_, p_.Ficheros(), kCanalPartida,
-                             RutaPartida(p_.CarpetaPrograma(), nombre), e.Bytes())) {
-            PonerTexto1("PARTIDA GUARDADA");
-            return;
-        }
-        std::string aviso = "Se produjo un error al guardar la partida con ese nombre";
-        if (fallo == FalloNombre::Caracter) aviso += ": Probablemente utilizó algún carácter no permitido";
-        aviso += ". Introduzca un nombre nuevo o pulse en cancelar.";
-        p_.MsgBox(aviso, vbOKOnly, kTituloPrograma);
-        inicial = escrito;
-    }
+    return e.Bytes();
 }
 
-void Form1::CargarPartida() {
-    std::string inicial;
-    for (;;) {
-        const std::string escrito =
-            p_.InputBox("Introduzca el nombre de la partida que desea cargar:", "Cargar partida", inicial);
-        inicial = escrito;
-        const std::string nombre = QuitarBlancos(escrito);
-        if (nombre.empty()) {
-            PonerTexto1("Cancelado");
-            return;
-        }
-        // Un nombre que saldría de la carpeta del programa no puede ser una partida.
-        const std::string ruta = RutaPartida(p_.CarpetaPrograma(), nombre);
-        if (ComprobarNombre(nombre) != FalloNombre::Ninguno || !p_.Ficheros().Existe(ruta)) {
-            p_.MsgBox("No se encuentra ese archivo de partida", vbOKOnly, kTituloPrograma);
-            continue;
-        }
-        // Todo se lee y se comprueba antes de tocar la partida en juego: si el fichero
-        // está mal, se sigue jugando la de antes.
-        const TextoLeido t = LeerFicheroDelimitado(canales_, kCanalPartida, ruta, kMaximoPartida);
-        std::optional<PartidaLeida> leida;
-        if (t.Bien()) leida = InterpretarPartida(t.registros);
-        if (!leida) {
-            p_.MsgBox(
-                "Se produjo un error al cargar el archivo. Indique otro nombre de archivo o pulse en "
-                "cancelar",
-                vbOKOnly, kTituloPrograma);
-            continue;
-        }
+bool EscribirPartida(SistemaFicheros& ficheros, const std::string& ruta, const std::string& bytes) {
+    return EscribirDeUnaVez(ficheros, ruta, bytes);
+}
 
-        m_.NumJugadores = leida->NumJugadores;
-        m_.QuesitosParaGanar = leida->QuesitosParaGanar;
-        JugadorActual = leida->JugadorActual;
-        m_.DimensionarTablas(m_.NumJugadores);
-        for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-            m_.FicheroTema[tema] = leida->FicheroTema[tema];
-            m_.EtiquetaTema[tema] = leida->EtiquetaTema[tema];
-            m_.CanalTema[tema] = leida->CanalTema[tema];
-        }
-        // Las fichas de los jugadores que no están en la partida se quedan donde estaban.
-        for (int j = 1; j <= m_.NumJugadores; ++j) {
-            const PartidaLeida::Jugador& jug = leida->Jugadores[static_cast<std::size_t>(j)];
-            PosicionFicha[static_cast<std::size_t>(j)] = jug.PosicionFicha;
-            m_.NumQuesitos(j) = jug.NumQuesitos;
-            for (int tema = 1; tema <= kNumTemas; ++tema) {
-                const auto t6 = static_cast<std::size_t>(tema);
-                m_.QuesitoGanado(tema, j) = jug.QuesitoGanado[t6];
-                m_.Aciertos(tema, j) = jug.Aciertos[t6];
-                m_.Preguntas(tema, j) = jug.Preguntas[t6];
-            }
-        }
-        CasillaCursor = PosicionFicha[static_cast<std::size_t>(JugadorActual)];
-        PonerTexto1(" partida cargada. Turno del jugador " + std::to_string(JugadorActual));
-        DescribirCasilla();
-        PonerTitulo(TituloJugador(JugadorActual));
-        return;
+std::optional<PartidaLeida> LeerPartida(Canales& canales, const std::string& ruta) {
+    const TextoLeido t = LeerFicheroDelimitado(canales, kCanalPartida, ruta, kMaximoPartida);
+    if (!t.Bien()) return std::nullopt;
+    return InterpretarPartida(t.registros);
+}
+
+void PonerPartida(const PartidaLeida& p, Module1& m, CamposForm1& f) {
+    m.NumJugadores = p.NumJugadores;
+    m.QuesitosParaGanar = p.QuesitosParaGanar;
+    f.JugadorActual = p.JugadorActual;
+    m.DimensionarTablas(m.NumJugadores);
+    for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
+        m.FicheroTema[tema] = p.FicheroTema[tema];
+        m.EtiquetaTema[tema] = p.EtiquetaTema[tema];
+        m.CanalTema[tema] = p.CanalTema[tema];
     }
+    for (int j = 1; j <= m.NumJugadores; ++j) {
+        const PartidaLeida::Jugador& jug = p.Jugadores[static_cast<std::size_t>(j)];
+        f.Ficha(j) = jug.PosicionFicha;
+        m.NumQuesitos(j) = jug.NumQuesitos;
+        for (int tema = 1; tema <= kNumTemas; ++tema) {
+            const auto t = static_cast<std::size_t>(tema);
+            m.QuesitoGanado(tema, j) = jug.QuesitoGanado[t];
+            m.Aciertos(tema, j) = jug.Aciertos[t];
+            m.Preguntas(tema, j) = jug.Preguntas[t];
+        }
+    }
+    f.CasillaCursor = f.Ficha(f.JugadorActual);
 }
 
 }  // namespace sabelot

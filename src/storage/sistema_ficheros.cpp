@@ -2,8 +2,21 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
+#include <random>
 #include <system_error>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 #include "storage/canales.h"
 
@@ -21,48 +34,60 @@ fs::path RutaNativa(const std::string& ruta) {
 #endif
 }
 
+// Un fichero con su propio almacén: las líneas se buscan con memchr, por trozos, y una línea
+// larga solo se recorre. Leer así un fichero entero cuesta lo que pasar por él una vez.
 class FicheroReal : public Fichero {
 public:
-    explicit FicheroReal(std::FILE* f) : f_(f) {}
+    FicheroReal(std::FILE* f, bool escritura) : f_(f), escritura_(escritura) {}
     ~FicheroReal() override {
         if (f_) std::fclose(f_);
     }
 
     bool LeerLinea(std::string& linea) override {
         linea.clear();
-        int c = std::getc(f_);
-        if (c == EOF) return false;
-        while (c != EOF) {
-            if (c == '\n') break;
-            if (c == '\r') {
-                int d = std::getc(f_);
-                if (d != '\n' && d != EOF) std::ungetc(d, f_);
-                break;
+        larga_ = false;
+        if (!Hay()) return false;
+        for (;;) {
+            const char* ini = almacen_ + pos_;
+            const std::size_t quedan = lleno_ - pos_;
+            const char* lf = static_cast<const char*>(std::memchr(ini, '\n', quedan));
+            const std::size_t hasta = lf ? static_cast<std::size_t>(lf - ini) : quedan;
+            const char* cr = static_cast<const char*>(std::memchr(ini, '\r', hasta));
+            const std::size_t trozo = cr ? static_cast<std::size_t>(cr - ini) : hasta;
+            Guardar(linea, ini, trozo);
+            pos_ += trozo;
+            if (cr) {
+                ++pos_;
+                // Un CR LF es un solo fin de línea, aunque el LF quede en el trozo siguiente.
+                if (Hay() && almacen_[pos_] == '\n') ++pos_;
+                return true;
             }
-            linea.push_back(static_cast<char>(c));
-            c = std::getc(f_);
+            if (lf) {
+                ++pos_;
+                return true;
+            }
+            if (!Hay()) return true;  // la última línea, sin fin
         }
-        return true;
     }
 
-    bool Fin() override {
-        int c = std::getc(f_);
-        if (c == EOF) return true;
-        std::ungetc(c, f_);
-        return false;
-    }
+    bool LineaLarga() const override { return larga_; }
 
-    std::int64_t Posicion() override { return static_cast<std::int64_t>(std::ftell(f_)) + 1; }
+    bool Fin() override { return !Hay(); }
+
+    std::int64_t Posicion() override { return inicio_ + static_cast<std::int64_t>(pos_) + 1; }
 
     void IrA(std::int64_t posicion1) override {
-        std::fseek(f_, static_cast<long>(posicion1 < 1 ? 0 : posicion1 - 1), SEEK_SET);
+        const std::int64_t destino = posicion1 < 1 ? 0 : posicion1 - 1;
+        Buscar(destino);
+        inicio_ = destino;
+        pos_ = lleno_ = 0;
     }
 
     std::int64_t Longitud() override {
-        long aqui = std::ftell(f_);
-        std::fseek(f_, 0, SEEK_END);
-        long fin = std::ftell(f_);
-        std::fseek(f_, aqui, SEEK_SET);
+        Buscar(0, SEEK_END);
+        const std::int64_t fin = Decir();
+        // El fichero queda donde lo dejó la última lectura del almacén.
+        Buscar(inicio_ + static_cast<std::int64_t>(lleno_));
         return fin;
     }
 
@@ -73,14 +98,67 @@ public:
     bool Cerrar() override {
         if (!f_) return true;
         bool bien = std::fflush(f_) == 0;
+        // Lo escrito, en el disco antes de ponerlo en lugar de nada: un corte de luz no deja
+        // un fichero a medias con el nombre bueno.
+#ifdef _WIN32
+        if (escritura_) bien = _commit(_fileno(f_)) == 0 && bien;
+#else
+        if (escritura_) bien = fsync(fileno(f_)) == 0 && bien;
+#endif
         bien = std::fclose(f_) == 0 && bien;
         f_ = nullptr;
         return bien;
     }
 
 private:
+    static constexpr std::size_t kAlmacen = 64 * 1024;
+
     std::FILE* f_;
+    bool escritura_;
+    char almacen_[kAlmacen];
+    std::size_t pos_ = 0, lleno_ = 0;
+    std::int64_t inicio_ = 0;  // posición en el fichero del primer byte del almacén
+    bool larga_ = false;
+
+    // Verdadero si queda algo por leer; rellena el almacén cuando se acaba.
+    bool Hay() {
+        if (pos_ < lleno_) return true;
+        if (!f_ || escritura_) return false;
+        inicio_ += static_cast<std::int64_t>(lleno_);
+        pos_ = 0;
+        lleno_ = std::fread(almacen_, 1, kAlmacen, f_);
+        return lleno_ > 0;
+    }
+
+    void Guardar(std::string& linea, const char* trozo, std::size_t n) {
+        const std::size_t cabe = kMaxLinea > linea.size() ? kMaxLinea - linea.size() : 0;
+        if (n > cabe) larga_ = true;
+        linea.append(trozo, n < cabe ? n : cabe);
+    }
+
+    void Buscar(std::int64_t donde, int desde = SEEK_SET) {
+#ifdef _WIN32
+        _fseeki64(f_, donde, desde);
+#else
+        fseeko(f_, static_cast<off_t>(donde), desde);
+#endif
+    }
+    std::int64_t Decir() {
+#ifdef _WIN32
+        return _ftelli64(f_);
+#else
+        return static_cast<std::int64_t>(ftello(f_));
+#endif
+    }
 };
+
+// Un nombre al azar para el fichero nuevo: con el de la partida delante, para reconocerlo.
+std::string NombreNuevo(const fs::path& destino, std::mt19937_64& azar) {
+    static const char kLetras[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+    std::string s = "." + destino.filename().string() + ".";
+    for (int i = 0; i < 10; ++i) s += kLetras[azar() % (sizeof kLetras - 1)];
+    return s;
+}
 
 }  // namespace
 
@@ -94,8 +172,7 @@ bool SistemaFicherosReal::EsCarpeta(const std::string& ruta) {
     return fs::is_directory(RutaNativa(ruta), ec);
 }
 
-std::vector<std::string> SistemaFicherosReal::Listar(const std::string& carpeta,
-                                                     const std::string& extension) {
+std::vector<std::string> SistemaFicherosReal::Listar(const std::string& carpeta, const std::string& extension) {
     std::vector<std::string> nombres;
     std::error_code ec;
     fs::directory_iterator it(RutaNativa(carpeta), ec);
@@ -122,37 +199,102 @@ std::vector<std::string> SistemaFicherosReal::Listar(const std::string& carpeta,
     return nombres;
 }
 
-std::unique_ptr<Fichero> SistemaFicherosReal::Abrir(const std::string& ruta, ModoApertura modo,
-                                                    int& error) {
+std::unique_ptr<Fichero> SistemaFicherosReal::Abrir(const std::string& ruta, int& error) {
     error = 0;
-    fs::path p = RutaNativa(ruta);
-    if (modo == ModoApertura::Lectura) {
-        std::error_code ec;
-        if (!fs::exists(p, ec)) {
-            error = kErrorNoExiste;
-            return nullptr;
-        }
-        if (fs::is_directory(p, ec)) {
-            error = 75;  // ruta o fichero no accesible
-            return nullptr;
-        }
-    }
-#ifdef _WIN32
-    std::FILE* f = _wfopen(p.c_str(), modo == ModoApertura::Lectura ? L"rb" : L"wb");
-#else
-    std::FILE* f = std::fopen(p.c_str(), modo == ModoApertura::Lectura ? "rb" : "wb");
-#endif
-    if (!f) {
-        error = (errno == ENOENT && modo == ModoApertura::Lectura) ? kErrorNoExiste : 75;
+    const fs::path p = RutaNativa(ruta);
+    std::error_code ec;
+    if (!fs::exists(p, ec)) {
+        error = kErrorNoExiste;
         return nullptr;
     }
-    return std::make_unique<FicheroReal>(f);
+    if (fs::is_directory(p, ec)) {
+        error = 75;  // ruta o fichero no accesible
+        return nullptr;
+    }
+#ifdef _WIN32
+    std::FILE* f = _wfopen(p.c_str(), L"rb");
+#else
+    std::FILE* f = std::fopen(p.c_str(), "rb");
+#endif
+    if (!f) {
+        error = errno == ENOENT ? kErrorNoExiste : 75;
+        return nullptr;
+    }
+    return std::make_unique<FicheroReal>(f, false);
+}
+
+std::unique_ptr<Fichero> SistemaFicherosReal::CrearJunto(const std::string& destino, std::string& ruta) {
+    const fs::path d = RutaNativa(destino);
+    static std::mt19937_64 azar{std::random_device{}()};
+    for (int intento = 0; intento < 100; ++intento) {
+        const fs::path p = d.parent_path() / NombreNuevo(d, azar);
+        // Crear en exclusiva: si algo ya tiene ese nombre (otro fichero, un enlace), falla.
+#ifdef _WIN32
+        const int fd = _wopen(p.c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY, _S_IREAD | _S_IWRITE);
+#else
+        const int fd = open(p.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_NOFOLLOW | O_CLOEXEC, 0666);
+#endif
+        if (fd < 0) {
+            if (errno == EEXIST) continue;
+            return nullptr;
+        }
+#ifdef _WIN32
+        std::FILE* f = _fdopen(fd, "wb");
+        ruta = p.u8string();
+#else
+        std::FILE* f = fdopen(fd, "wb");
+        ruta = p.string();
+#endif
+        if (!f) {
+#ifdef _WIN32
+            _close(fd);
+#else
+            close(fd);
+#endif
+            std::error_code ec;
+            fs::remove(p, ec);
+            return nullptr;
+        }
+        return std::make_unique<FicheroReal>(f, true);
+    }
+    return nullptr;
+}
+
+bool SistemaFicherosReal::Protegido(const std::string& ruta) {
+#ifdef _WIN32
+    const DWORD a = GetFileAttributesW(RutaNativa(ruta).c_str());
+    return a != INVALID_FILE_ATTRIBUTES && (a & FILE_ATTRIBUTE_READONLY) != 0;
+#else
+    // Por los permisos y no por poder escribir: el administrador puede escribir en todo, y el
+    // fichero que el jugador protegió tampoco se toca entonces.
+    struct stat st {};
+    if (lstat(RutaNativa(ruta).c_str(), &st) != 0 || !S_ISREG(st.st_mode)) return false;
+    return (st.st_mode & 0222) == 0;
+#endif
+}
+
+bool SistemaFicherosReal::CopiarPermisos(const std::string& de, const std::string& a) {
+    std::error_code ec;
+    const fs::file_status estado = fs::status(RutaNativa(de), ec);
+    if (ec) return false;
+    fs::permissions(RutaNativa(a), estado.permissions(), fs::perm_options::replace, ec);
+    return !ec;
 }
 
 bool SistemaFicherosReal::Renombrar(const std::string& de, const std::string& a) {
-    std::error_code ec;
-    fs::rename(RutaNativa(de), RutaNativa(a), ec);
-    return !ec;
+#ifdef _WIN32
+    return MoveFileExW(RutaNativa(de).c_str(), RutaNativa(a).c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+#else
+    if (std::rename(de.c_str(), a.c_str()) != 0) return false;
+    // El cambio de nombre, también en el disco.
+    const int carpeta = open(RutaNativa(a).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (carpeta >= 0) {
+        fsync(carpeta);
+        close(carpeta);
+    }
+    return true;
+#endif
 }
 
 bool SistemaFicherosReal::Borrar(const std::string& ruta) {

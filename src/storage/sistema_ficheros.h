@@ -2,7 +2,7 @@
 // para que sirva igual al juego y a las pruebas.
 #pragma once
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
 
@@ -11,7 +11,10 @@ public:
     bool Existe(const std::string& ruta) override;
     bool EsCarpeta(const std::string& ruta) override;
     std::vector<std::string> Listar(const std::string& carpeta, const std::string& extension) override;
-    std::unique_ptr<Fichero> Abrir(const std::string& ruta, ModoApertura modo, int& error) override;
+    std::unique_ptr<Fichero> Abrir(const std::string& ruta, int& error) override;
+    std::unique_ptr<Fichero> CrearJunto(const std::string& destino, std::string& ruta) override;
+    bool Protegido(const std::string& ruta) override;
+    bool CopiarPermisos(const std::string& de, const std::string& a) override;
     bool Renombrar(const std::string& de, const std::string& a) override;
     bool Borrar(const std::string& ruta) override;
 };

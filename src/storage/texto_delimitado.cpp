@@ -1,6 +1,6 @@
 #include "storage/texto_delimitado.h"
 
-#include "engine/estado.h"
+#include "comun/estado.h"
 #include "storage/canales.h"
 #include "storage/cp1252.h"
 
@@ -44,7 +44,7 @@ TextoLeido LeerDelimitado(const std::string& b) {
     TextoLeido r;
     std::size_t i = 0;
     const std::size_t n = b.size();
-    Registro actual;
+    RegistroDelimitado actual;
     while (i < n) {
         Campo campo;
         const std::size_t num = r.registros.size() + 1;
@@ -102,7 +102,7 @@ TextoLeido LeerDelimitado(const std::string& b) {
     return r;
 }
 
-bool TieneForma(const Registro& registro, std::initializer_list<Campo::Tipo> tipos) {
+bool TieneForma(const RegistroDelimitado& registro, std::initializer_list<Campo::Tipo> tipos) {
     if (registro.size() != tipos.size()) return false;
     std::size_t i = 0;
     for (Campo::Tipo t : tipos) {
@@ -122,6 +122,11 @@ std::optional<std::string> LeerBytes(Fichero& f, std::int64_t maximo, std::strin
     std::string linea;
     std::int64_t antes = f.Posicion();
     while (f.LeerLinea(linea)) {
+        // Ni Sabelot.ini ni una partida tienen una línea así: el fichero no es de los nuestros.
+        if (f.LineaLarga()) {
+            error = "Línea demasiado larga";
+            return std::nullopt;
+        }
         const std::int64_t despues = f.Posicion();
         const auto consumido = static_cast<std::size_t>(despues - antes);
         bytes += linea;
@@ -144,7 +149,7 @@ std::optional<std::string> LeerBytes(Fichero& f, std::int64_t maximo, std::strin
 
 TextoLeido LeerFicheroDelimitado(Canales& canales, int canal, const std::string& ruta, std::int64_t maximo) {
     TextoLeido r;
-    if (canales.Abrir(canal, ruta, ModoApertura::Lectura) != 0) {
+    if (canales.Abrir(canal, ruta) != 0) {
         r.error = "No se pudo abrir el fichero";
         return r;
     }
@@ -156,17 +161,6 @@ TextoLeido LeerFicheroDelimitado(Canales& canales, int canal, const std::string&
         return r;
     }
     return LeerDelimitado(*bytes);
-}
-
-bool EscribirDeUnaVez(Canales& canales, SistemaFicheros& ficheros, int canal, const std::string& ruta,
-                      const std::string& bytes) {
-    const std::string temporal = ruta + ".tmp";
-    if (canales.Abrir(canal, temporal, ModoApertura::Escritura) != 0) return false;
-    bool bien = canales.Get(canal)->Escribir(bytes);
-    bien = canales.Cerrar(canal) && bien;
-    if (bien) bien = ficheros.Renombrar(temporal, ruta);
-    if (!bien) ficheros.Borrar(temporal);
-    return bien;
 }
 
 void EscritorDelimitado::Separar() {

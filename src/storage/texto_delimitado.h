@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
 
@@ -23,11 +23,11 @@ struct Campo {
     std::string cadena;  // UTF-8
 };
 
-using Registro = std::vector<Campo>;
+using RegistroDelimitado = std::vector<Campo>;
 
 // Lo leído, o el motivo por el que no se pudo.
 struct TextoLeido {
-    std::vector<Registro> registros;
+    std::vector<RegistroDelimitado> registros;
     std::string error;  // vacío si todo fue bien
     bool Bien() const { return error.empty(); }
 };
@@ -39,7 +39,7 @@ struct TextoLeido {
 TextoLeido LeerDelimitado(const std::string& bytes);
 
 // Verdadero si el registro tiene justo esos campos, de esos tipos y en ese orden.
-bool TieneForma(const Registro& registro, std::initializer_list<Campo::Tipo> tipos);
+bool TieneForma(const RegistroDelimitado& registro, std::initializer_list<Campo::Tipo> tipos);
 
 // Todos los bytes de un fichero abierto, desde el principio. nullopt, con el motivo en
 // 'error', si pasa de 'maximo' bytes o no se puede leer. Un fin de línea que no es
@@ -48,12 +48,6 @@ std::optional<std::string> LeerBytes(Fichero& fichero, std::int64_t maximo, std:
 
 // Abre la ruta en el canal, la lee entera (como mucho 'maximo' bytes) y cierra.
 TextoLeido LeerFicheroDelimitado(Canales& canales, int canal, const std::string& ruta, std::int64_t maximo);
-
-// Escribe los bytes de una vez: primero en un temporal de la misma carpeta, abierto en
-// el canal dado, y después lo pone en lugar del fichero. Si algo falla, el fichero
-// anterior queda como estaba y el temporal se borra.
-bool EscribirDeUnaVez(Canales& canales, SistemaFicheros& ficheros, int canal, const std::string& ruta,
-                      const std::string& bytes);
 
 class EscritorDelimitado {
 public:

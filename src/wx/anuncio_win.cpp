@@ -1,5 +1,7 @@
 // Anuncios en Windows: el puente entre las ventanas wxWidgets y la cadena de lectores
 // (lectores_win.cpp), que no sabe nada de wxWidgets.
+#include <map>
+
 #include "anuncio.h"
 
 #include <wx/control.h>
@@ -83,7 +85,28 @@ public:
     int FilterEvent(wxEvent& evento) override {
         const wxEventType tipo = evento.GetEventType();
         if (tipo == wxEVT_CHAR_HOOK || tipo == wxEVT_LEFT_DOWN) teclaNueva_ = true;
+        if (tipo == wxEVT_SET_FOCUS) {
+            // Lo que espera a este control se dice detrás de lo que el lector dice al llegar.
+            auto* w = wxDynamicCast(evento.GetEventObject(), wxWindow);
+            auto it = alEnfocar_.find(w);
+            if (it != alEnfocar_.end()) {
+                const wxString texto = it->second;
+                alEnfocar_.erase(it);
+                w->CallAfter([this, w, texto] { Anunciar(w, texto); });
+            }
+        } else if (tipo == wxEVT_DESTROY) {
+            alEnfocar_.erase(wxDynamicCast(evento.GetEventObject(), wxWindow));
+        }
         return Event_Skip;
+    }
+
+    void AnunciarAlEnfocar(wxWindow* control, const wxString& texto) override {
+        if (!control) return;
+        if (wxWindow::FindFocus() == control) {
+            Anunciar(control, texto);
+            return;
+        }
+        alEnfocar_[control] = texto;
     }
 
     void Anunciar(wxWindow* foco, const wxString& texto) override {
@@ -114,6 +137,7 @@ public:
 private:
     lectores::Cadena cadena_;
     wxWindow* actual_ = nullptr;  // el control que recibe el texto mientras se dice
+    std::map<wxWindow*, wxString> alEnfocar_;
     bool teclaNueva_ = true;  // el primer texto no espera a nadie
 };
 

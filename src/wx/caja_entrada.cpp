@@ -3,9 +3,13 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 CajaEntrada::CajaEntrada(wxWindow* padre, const wxString& indicacion, const wxString& titulo,
                          const wxString& inicial, Anunciador& anunciador)
-    : wxDialog(padre, wxID_ANY, titulo), anunciador_(anunciador), indicacion_(indicacion), reserva_() {
+    : DialogoJuego(padre, wxID_ANY, titulo), indicacion_(indicacion), reserva_() {
     auto* etiqueta = new wxStaticText(this, wxID_ANY, indicacion);
     etiqueta->Wrap(FromDIP(420));
     campo_ = new wxTextCtrl(this, wxID_ANY, inicial, wxDefaultPosition, wxSize(FromDIP(420), -1));
@@ -24,24 +28,32 @@ CajaEntrada::CajaEntrada(wxWindow* padre, const wxString& indicacion, const wxSt
     SetSizerAndFit(todo);
     CentreOnParent();
 
-    anunciador_.Nombrar(this, titulo, indicacion);
-    anunciador_.Nombrar(campo_, indicacion, wxString());
+    // La ventana se dice por su título; la indicación, como nombre del campo, y el texto que
+    // traiga el campo lo dice el lector al llegar a él.
+    anunciador.Nombrar(this, titulo, wxString());
+    anunciador.Nombrar(campo_, indicacion, wxString());
+#ifdef __WXGTK__
+    // El rótulo queda unido al campo: el lector no lo dice aparte, como texto suelto.
+    if (GTK_IS_LABEL(etiqueta->GetHandle()))
+        gtk_label_set_mnemonic_widget(GTK_LABEL(etiqueta->GetHandle()), GTK_WIDGET(campo_->GetHandle()));
+#endif
     aceptar_->SetDefault();
     campo_->SetFocus();
     campo_->SelectAll();
 
     Bind(wxEVT_CHAR_HOOK, &CajaEntrada::AlTecla, this);
-    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& e) {
-        e.Skip();
-        if (e.GetActive() && !anunciado_) CallAfter(&CajaEntrada::AnunciarApertura);
-    });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Terminar(false); });
-    reserva_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { AnunciarApertura(); });
+    // Sin gestor de ventanas nadie activa el cuadro: se pide el foco para él.
+    reserva_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+        if (IsShown() && !IsActive()) {
+            Raise();
+            campo_->SetFocus();
+        }
+    });
 }
 
 wxString CajaEntrada::Mostrar() {
     aceptado_ = false;
-    anunciado_ = false;
     reserva_.StartOnce(700);
     ShowModal();
     reserva_.Stop();
@@ -65,18 +77,4 @@ void CajaEntrada::AlTecla(wxKeyEvent& evento) {
     } else {
         evento.Skip();
     }
-}
-
-void CajaEntrada::AnunciarApertura() {
-    if (anunciado_ || !IsShown()) return;
-    anunciado_ = true;
-    reserva_.Stop();
-    // Si el gestor de ventanas no le ha dado el foco, se le pide.
-    if (!IsActive()) Raise();
-    wxWindow* foco = FindFocus();
-    if (!foco) foco = campo_;
-    // La indicación y, si lo hay, el texto que ya trae el campo.
-    wxString dicho = indicacion_;
-    if (!campo_->GetValue().empty()) dicho << "\n" << campo_->GetValue();
-    anunciador_.Anunciar(foco, dicho);
 }

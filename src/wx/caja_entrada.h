@@ -1,14 +1,17 @@
 // Cuadro de entrada propio: una indicación, un campo con el texto inicial, Aceptar y Cancelar.
+// La indicación es el rótulo del campo: el lector la dice una vez, al llegar al campo.
 #pragma once
 
 #include <wx/button.h>
 #include <wx/dialog.h>
+
+#include "wx/dialogo_juego.h"
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include "anuncio.h"
 
-class CajaEntrada : public wxDialog {
+class CajaEntrada : public DialogoJuego {
 public:
     CajaEntrada(wxWindow* padre, const wxString& indicacion, const wxString& titulo,
                 const wxString& inicial, Anunciador& anunciador);
@@ -21,14 +24,11 @@ public:
 private:
     void AlTecla(wxKeyEvent& evento);
     void Terminar(bool aceptar);
-    void AnunciarApertura();
 
-    Anunciador& anunciador_;
     wxString indicacion_;
     wxTextCtrl* campo_ = nullptr;
     wxButton* aceptar_ = nullptr;
     wxButton* cancelar_ = nullptr;
-    wxTimer reserva_;
-    bool anunciado_ = false;
+    wxTimer reserva_;  // por si el gestor de ventanas no llega a activar el cuadro
     bool aceptado_ = false;
 };

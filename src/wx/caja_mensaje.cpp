@@ -35,9 +35,8 @@ wxString EtiquetaDicha(wxButton* boton) { return wxStripMenuCodes(boton->GetLabe
 
 CajaMensaje::CajaMensaje(wxWindow* padre, const wxString& texto, int estilo, const wxString& titulo,
                          Anunciador& anunciador)
-    : wxDialog(padre, wxID_ANY, titulo, wxDefaultPosition, wxDefaultSize,
+    : DialogoJuego(padre, wxID_ANY, titulo, wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE & ~wxRESIZE_BORDER),
-      anunciador_(anunciador),
       texto_(texto),
       siNo_((estilo & 7) == 4),
       reserva_() {
@@ -73,25 +72,28 @@ CajaMensaje::CajaMensaje(wxWindow* padre, const wxString& texto, int estilo, con
     SetSizerAndFit(todo);
     CentreOnParent();
 
-    // El primer botón recibe el foco, como en cualquier cuadro de mensaje.
+    // El primer botón tiene el foco antes de mostrarse, como en cualquier cuadro de mensaje:
+    // así el lector lo dice una vez, detrás del texto.
     botones_.front()->SetDefault();
     botones_.front()->SetFocus();
-    anunciador_.Nombrar(this, titulo, texto);
+    anunciador.Nombrar(this, titulo, texto);
 
     Bind(wxEVT_CHAR_HOOK, &CajaMensaje::AlTecla, this);
-    Bind(wxEVT_ACTIVATE, &CajaMensaje::AlActivar, this);
     Bind(wxEVT_CLOSE_WINDOW, &CajaMensaje::AlCerrar, this);
-    reserva_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { AnunciarApertura(); });
-    etiqueta_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { AnunciarBoton(); });
+    // Sin gestor de ventanas nadie activa el cuadro: se pide el foco para él.
+    reserva_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+        if (IsShown() && !IsActive()) {
+            Raise();
+            botones_.front()->SetFocus();
+        }
+    });
 }
 
 int CajaMensaje::Mostrar() {
     resultado_ = siNo_ ? 7 : 1;
-    anunciado_ = false;
     reserva_.StartOnce(700);
     ShowModal();
     reserva_.Stop();
-    etiqueta_.Stop();
     return resultado_;
 }
 
@@ -118,33 +120,7 @@ void CajaMensaje::AlTecla(wxKeyEvent& evento) {
     }
 }
 
-void CajaMensaje::AlActivar(wxActivateEvent& evento) {
-    evento.Skip();
-    // El foco del control ya está puesto cuando se procese esto.
-    if (evento.GetActive() && !anunciado_) CallAfter(&CajaMensaje::AnunciarApertura);
-}
-
 void CajaMensaje::AlCerrar(wxCloseEvent&) {
     resultado_ = siNo_ ? 7 : 1;
     EndModal(wxID_CANCEL);
-}
-
-void CajaMensaje::AnunciarApertura() {
-    if (anunciado_ || !IsShown()) return;
-    anunciado_ = true;
-    reserva_.Stop();
-    // Si el gestor de ventanas no le ha dado el foco, se le pide.
-    if (!IsActive()) Raise();
-    anunciador_.Anunciar(FindFocus(), texto_);
-    // El botón, después del texto y un momento más tarde, para que no se pisen.
-    etiqueta_.StartOnce(150);
-}
-
-void CajaMensaje::AnunciarBoton() {
-    if (!IsShown()) return;
-    wxWindow* foco = FindFocus();
-    wxButton* boton = botones_.front();
-    for (wxButton* b : botones_)
-        if (b == foco) boton = b;
-    anunciador_.Anunciar(foco ? foco : boton, EtiquetaDicha(boton));
 }

@@ -1,17 +1,20 @@
-// Cuadro de mensaje propio: el texto va en un cuadro de solo lectura y el lector de pantalla
-// lo dice entero al abrirse (el de GTK solo diría el título).
+// Cuadro de mensaje propio: el texto va en un cuadro de solo lectura y es la descripción de la
+// ventana, así que el lector de pantalla lo dice entero al abrirse, con el título y el botón
+// que tiene el foco (el cuadro de GTK solo diría el título).
 #pragma once
 
 #include <vector>
 
 #include <wx/button.h>
 #include <wx/dialog.h>
+
+#include "wx/dialogo_juego.h"
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include "anuncio.h"
 
-class CajaMensaje : public wxDialog {
+class CajaMensaje : public DialogoJuego {
 public:
     // estilo: 0 Aceptar, 4 Sí y No, 48 Aceptar con el icono de exclamación.
     CajaMensaje(wxWindow* padre, const wxString& texto, int estilo, const wxString& titulo,
@@ -25,19 +28,13 @@ public:
 private:
     void Pulsar(wxButton* boton);
     void AlTecla(wxKeyEvent& evento);
-    void AlActivar(wxActivateEvent& evento);
     void AlCerrar(wxCloseEvent& evento);
-    void AnunciarApertura();
-    void AnunciarBoton();
 
-    Anunciador& anunciador_;
     wxString texto_;
     bool siNo_;
     std::vector<wxButton*> botones_;
     wxTextCtrl* cuadro_ = nullptr;
-    wxTimer reserva_;   // por si el gestor de ventanas no llega a activar el cuadro
-    wxTimer etiqueta_;  // el botón se dice después del texto
-    bool anunciado_ = false;
+    wxTimer reserva_;  // por si el gestor de ventanas no llega a activar el cuadro
     int resultado_ = 1;
 };
 

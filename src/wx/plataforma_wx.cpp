@@ -1,11 +1,13 @@
 #include "plataforma_wx.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
 #include <wx/app.h>
+#include <wx/time.h>
 #include <wx/utils.h>
 
 #include "caja_entrada.h"
@@ -20,11 +22,19 @@
 PlataformaWx::PlataformaWx(std::string carpetaPrograma, Anunciador& anunciador)
     : carpeta_(std::move(carpetaPrograma)), anunciador_(anunciador) {
     sonido_ = std::make_unique<SonidoSdl>([this] { FinDado(); });
+    limpieza_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { DestruirRetirados(false); });
 }
 
-PlataformaWx::~PlataformaWx() = default;
+PlataformaWx::~PlataformaWx() {
+    // Lo que quedara en pantalla de un cuadro ya cerrado se va con la plataforma.
+    limpieza_.Stop();
+    CerrarDialogos();
+}
 
 PlataformaWx::Modal::~Modal() {
+    // La ventana que se cierra se quita cuando salga la siguiente o cuando el juego vuelva a la
+    // espera: lo que se llame después ya habrá puesto la suya en pantalla.
+    p_.CallAfter([&p = p_] { p.RetirarDiferidos(); });
     if (--p_.modales_ > 0 || !p_.finPendiente_) return;
     // Se entrega después, cuando haya terminado de cerrarse lo que se cerraba.
     p_.CallAfter([&p = p_] {
@@ -35,13 +45,9 @@ PlataformaWx::Modal::~Modal() {
     });
 }
 
-void PlataformaWx::PonerVentanaPrincipal(wxWindow* ventana) {
-    // Los diálogos que se quedan cargados son hijos de la ventana y se van con ella.
-    if (ventana != principal_) {
-        pregunta_ = nullptr;
-        opciones_ = nullptr;
-    }
-    principal_ = ventana;
+void PlataformaWx::PonerVentanaPrincipal(wxWindow* principal, wxWindow* panel) {
+    principal_ = principal;
+    panel_ = panel;
 }
 
 void PlataformaWx::FinDado() {
@@ -59,21 +65,69 @@ wxWindow* PlataformaWx::Madre() const {
     return nullptr;
 }
 
-int PlataformaWx::MsgBox(const std::string& texto, int estilo, const std::string& titulo) {
+int PlataformaWx::CuadroMensaje(const std::string& texto, int estilo, const std::string& titulo) {
     Modal m(*this);
-    CajaMensaje caja(Madre(), wxString::FromUTF8(texto), estilo, wxString::FromUTF8(titulo), anunciador_);
-    return caja.Mostrar();
+    auto* caja = new CajaMensaje(Madre(), wxString::FromUTF8(texto), estilo, wxString::FromUTF8(titulo), anunciador_);
+    Diferir(caja);
+    return caja->Mostrar();
 }
 
-std::string PlataformaWx::InputBox(const std::string& indicacion, const std::string& titulo,
-                                   const std::string& inicial) {
+std::string PlataformaWx::CuadroEntrada(const std::string& indicacion, const std::string& titulo,
+                                        const std::string& inicial) {
     Modal m(*this);
-    CajaEntrada caja(Madre(), wxString::FromUTF8(indicacion), wxString::FromUTF8(titulo),
-                     wxString::FromUTF8(inicial), anunciador_);
-    return caja.Mostrar().utf8_string();
+    auto* caja = new CajaEntrada(Madre(), wxString::FromUTF8(indicacion), wxString::FromUTF8(titulo),
+                                 wxString::FromUTF8(inicial), anunciador_);
+    Diferir(caja);
+    return caja->Mostrar().utf8_string();
+}
+
+void PlataformaWx::Diferir(DialogoJuego* dialogo) {
+    dialogo->QuedarseAlCerrar(true);
+    if (std::find(diferidos_.begin(), diferidos_.end(), dialogo) == diferidos_.end())
+        diferidos_.push_back(dialogo);
+}
+
+void PlataformaWx::RetirarDiferidos() {
+    std::vector<DialogoJuego*> quedan;
+    for (DialogoJuego* d : diferidos_) {
+        if (d->IsModal()) {
+            quedan.push_back(d);  // abierto otra vez: se retirará al cerrarse
+            continue;
+        }
+        // Se oculta ya y se destruye más tarde: el lector aún puede estar atendiendo lo último
+        // que se dijo por uno de sus controles, y con la ventana destruida no lo diría.
+        d->Retirar();
+        retirados_.push_back({d, wxGetLocalTimeMillis()});
+    }
+    diferidos_.swap(quedan);
+    if (!retirados_.empty()) limpieza_.StartOnce(kVidaRetirados);
+}
+
+void PlataformaWx::DestruirRetirados(bool todos) {
+    const wxLongLong ahora = wxGetLocalTimeMillis();
+    std::vector<Retirado> quedan;
+    for (const Retirado& r : retirados_) {
+        if (todos || ahora - r.cuando >= kVidaRetirados)
+            r.dialogo->Destroy();
+        else
+            quedan.push_back(r);
+    }
+    retirados_.swap(quedan);
+    if (!retirados_.empty()) limpieza_.StartOnce(kVidaRetirados);
 }
 
 void PlataformaWx::Beep() { wxBell(); }
+
+void PlataformaWx::Decir(const std::string& texto, sabelot::Anuncios::Lugar lugar) {
+    const wxString t = wxString::FromUTF8(texto);
+    if (lugar == sabelot::Anuncios::Lugar::Panel) {
+        if (panel_) anunciador_.Anunciar(panel_, t);
+        return;
+    }
+    // Lo de un diálogo, por el control que tiene el foco en la pregunta abierta.
+    wxWindow* donde = pregunta_ ? pregunta_->ControlQueHabla() : wxWindow::FindFocus();
+    if (donde) anunciador_.Anunciar(donde, t);
+}
 
 void PlataformaWx::Reproducir(sabelot::Reproductor reproductor, const std::string& ruta) {
     // Un dado nuevo sustituye al final que estuviera esperando.
@@ -104,41 +158,50 @@ double PlataformaWx::Rnd() {
     return r < 1.0 ? r : std::nextafter(1.0, 0.0);
 }
 
-void PlataformaWx::MostrarDialog(sabelot::Dialog& dialogo) {
+void PlataformaWx::AbrirDialog(sabelot::Dialog& dialogo) {
     Modal m(*this);
     // Se carga en cada muestra y se descarga al elegir.
-    VentanaEleccion ventana(principal_, dialogo, anunciador_);
-    eleccion_ = &ventana;
-    ventana.MostrarModal();
+    auto* eleccion = new VentanaEleccion(principal_, dialogo, anunciador_);
+    Diferir(eleccion);
+    eleccion_ = eleccion;
+    eleccion->MostrarModal();
     eleccion_ = nullptr;
 }
 
-void PlataformaWx::MostrarDialog1(sabelot::Dialog1& dialogo) {
+void PlataformaWx::AbrirDialog1(sabelot::Dialog1& dialogo) {
     Modal m(*this);
-    // Se crea la primera vez y después solo se oculta.
-    if (!pregunta_) pregunta_ = new VentanaPregunta(principal_, dialogo, anunciador_);
-    pregunta_->MostrarModal();
+    auto* pregunta = new VentanaPregunta(principal_, dialogo, anunciador_);
+    Diferir(pregunta);
+    pregunta_ = pregunta;
+    pregunta->MostrarModal();
+    pregunta_ = nullptr;
 }
 
-void PlataformaWx::MostrarDlgOpciones(sabelot::DlgOpciones& dialogo) {
+void PlataformaWx::AbrirDlgOpciones(sabelot::DlgOpciones& dialogo) {
     Modal m(*this);
-    if (!opciones_) opciones_ = new VentanaOpciones(principal_, dialogo, anunciador_, *this);
-    opciones_->MostrarModal();
+    auto* opciones = new VentanaOpciones(principal_, dialogo, anunciador_);
+    Diferir(opciones);
+    opciones_ = opciones;
+    opciones->MostrarModal();
+    opciones_ = nullptr;
 }
 
 void PlataformaWx::CerrarDialogos() {
-    if (eleccion_) eleccion_->Hide();
-    if (pregunta_) pregunta_->Destroy();
+    for (DialogoJuego* d : diferidos_) {
+        d->Retirar();
+        d->Destroy();
+    }
+    diferidos_.clear();
+    DestruirRetirados(true);
+    eleccion_ = nullptr;
     pregunta_ = nullptr;
-    if (opciones_) opciones_->Destroy();
     opciones_ = nullptr;
 }
 
 void PlataformaWx::TerminarPrograma() {
-    // Se van de la pantalla en el orden de siempre y el proceso acaba sin más.
-    if (eleccion_) eleccion_->Hide();
-    if (pregunta_) pregunta_->Hide();
-    if (opciones_) opciones_->Hide();
+    // Se van de la pantalla en orden, de la última ventana abierta a la principal, y el
+    // proceso acaba sin más.
+    for (auto it = diferidos_.rbegin(); it != diferidos_.rend(); ++it) (*it)->Retirar();
     if (principal_) principal_->Hide();
     std::fflush(nullptr);
     std::_Exit(0);

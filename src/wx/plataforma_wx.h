@@ -5,12 +5,15 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <wx/event.h>
+#include <wx/timer.h>
 #include <wx/window.h>
 
 #include "anuncio.h"
-#include "engine/plataforma.h"
+#include "dialogo_juego.h"
+#include "comun/plataforma.h"
 #include "sonido_sdl.h"
 #include "storage/sistema_ficheros.h"
 
@@ -22,18 +25,16 @@ public:
     PlataformaWx(std::string carpetaPrograma, Anunciador& anunciador);
     ~PlataformaWx() override;
 
-    // La ventana principal: madre de los diálogos y última en cerrarse.
-    void PonerVentanaPrincipal(wxWindow* ventana);
+    // La ventana principal: madre de los diálogos y última en cerrarse. 'panel' es el control
+    // que tiene el foco en ella y por el que se dice lo del panel.
+    void PonerVentanaPrincipal(wxWindow* principal, wxWindow* panel);
     // Quién recibe el final del sonido del dado (Form1::MediaPlayer1_PlayStateChange(0)).
     void AlTerminarDado(std::function<void()> alTerminar) { alTerminarDado_ = std::move(alTerminar); }
     // Diálogos y cuadros modales abiertos ahora mismo.
     int ModalesAbiertos() const { return modales_; }
-    // Destruye las ventanas de Dialog, Dialog1 y DlgOpciones, en este orden.
+    // Quita las ventanas de los diálogos, las abiertas y las que se quedaron en pantalla.
     void CerrarDialogos();
 
-    int MsgBox(const std::string& texto, int estilo, const std::string& titulo) override;
-    std::string InputBox(const std::string& indicacion, const std::string& titulo,
-                         const std::string& inicial) override;
     void Beep() override;
     void Reproducir(sabelot::Reproductor reproductor, const std::string& ruta) override;
     void Hora(int& hora, int& minuto, int& segundo) override;
@@ -41,10 +42,16 @@ public:
     double Rnd() override;
     std::string CarpetaPrograma() override { return carpeta_; }
     sabelot::SistemaFicheros& Ficheros() override { return ficheros_; }
-    void MostrarDialog(sabelot::Dialog& dialogo) override;
-    void MostrarDialog1(sabelot::Dialog1& dialogo) override;
-    void MostrarDlgOpciones(sabelot::DlgOpciones& dialogo) override;
     [[noreturn]] void TerminarPrograma() override;
+
+protected:
+    int CuadroMensaje(const std::string& texto, int estilo, const std::string& titulo) override;
+    std::string CuadroEntrada(const std::string& indicacion, const std::string& titulo,
+                              const std::string& inicial) override;
+    void AbrirDialog(sabelot::Dialog& dialogo) override;
+    void AbrirDialog1(sabelot::Dialog1& dialogo) override;
+    void AbrirDlgOpciones(sabelot::DlgOpciones& dialogo) override;
+    void Decir(const std::string& texto, sabelot::Anuncios::Lugar lugar) override;
 
 private:
     // Cuenta un modal mientras dura; al cerrarse el último entrega el final del dado que
@@ -62,6 +69,11 @@ private:
 
     void FinDado();
     wxWindow* Madre() const;
+    // Un diálogo que, al cerrarse, se queda en pantalla hasta RetirarDiferidos.
+    void Diferir(DialogoJuego* dialogo);
+    void RetirarDiferidos();
+    // Destruye los diálogos ocultos hace rato (o todos).
+    void DestruirRetirados(bool todos);
 
     std::string carpeta_;
     Anunciador& anunciador_;
@@ -74,7 +86,17 @@ private:
     int modales_ = 0;
 
     wxWindow* principal_ = nullptr;
-    wxWindow* eleccion_ = nullptr;  // la de Dialog, solo mientras se muestra
+    wxWindow* panel_ = nullptr;
+    // Los diálogos abiertos ahora, y los cerrados que aún no se han quitado de la pantalla.
+    DialogoJuego* eleccion_ = nullptr;
+    std::vector<DialogoJuego*> diferidos_;
+    struct Retirado {
+        DialogoJuego* dialogo;
+        wxLongLong cuando;
+    };
+    std::vector<Retirado> retirados_;
+    static constexpr int kVidaRetirados = 3000;  // ms
+    wxTimer limpieza_;
     VentanaPregunta* pregunta_ = nullptr;
-    VentanaOpciones* opciones_ = nullptr;
+    DialogoJuego* opciones_ = nullptr;
 };

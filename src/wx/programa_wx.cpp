@@ -9,10 +9,14 @@ ProgramaWx::ProgramaWx(const std::string& carpeta, std::unique_ptr<Anunciador> a
     : anunciador_(anunciador ? std::move(anunciador) : CrearAnunciador()),
       plataforma_(std::make_unique<PlataformaWx>(carpeta, *anunciador_)),
       juego_(std::make_unique<sabelot::Juego>(*plataforma_)) {
-    ventana_ = new VentanaPrincipal(juego_->form1, *anunciador_, *plataforma_);
+    ventana_ = new VentanaPrincipal(juego_->form1, *anunciador_, [this] { CerrarVentana(); });
+    plataforma_->PonerVentanaPrincipal(ventana_, ventana_->Picture1());
     // La ventana la destruye wx; aquí solo se deja de apuntar a ella.
     ventana_->Bind(wxEVT_DESTROY, [this](wxWindowDestroyEvent& e) {
-        if (e.GetEventObject() == ventana_) ventana_ = nullptr;
+        if (e.GetEventObject() == ventana_) {
+            ventana_ = nullptr;
+            plataforma_->PonerVentanaPrincipal(nullptr, nullptr);
+        }
         e.Skip();
     });
     plataforma_->AlTerminarDado([this] { juego_->form1.MediaPlayer1_PlayStateChange(0); });
@@ -25,6 +29,13 @@ ProgramaWx::~ProgramaWx() {
         delete ventana_;
     }
     plataforma_->AlTerminarDado(nullptr);
+}
+
+void ProgramaWx::CerrarVentana() {
+    // Sin preguntar nada. Con un diálogo abierto, su llamada modal no puede volver: se acaba ahí.
+    if (plataforma_->ModalesAbiertos() > 0) plataforma_->TerminarPrograma();
+    plataforma_->CerrarDialogos();
+    if (ventana_) ventana_->Destroy();
 }
 
 void ProgramaWx::Arrancar() {

@@ -27,6 +27,8 @@ public:
     VentanaPrincipal* ventana() { return ventana_; }
 
 private:
+    void CerrarVentana();
+
     std::unique_ptr<Anunciador> anunciador_;
     std::unique_ptr<PlataformaWx> plataforma_;
     std::unique_ptr<sabelot::Juego> juego_;

@@ -7,7 +7,7 @@
 
 #include <wx/event.h>
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 
 struct Mix_Chunk;
 
@@ -21,11 +21,6 @@ public:
     SonidoSdl& operator=(const SonidoSdl&) = delete;
 
     void Reproducir(sabelot::Reproductor reproductor, const std::string& ruta);
-    // Falso si no hay dispositivo de sonido: entonces nada suena y el final llega enseguida.
-    bool Disponible() {
-        Abrir();
-        return abierto_;
-    }
 
 private:
     void Abrir();

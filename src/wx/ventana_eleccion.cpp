@@ -5,10 +5,9 @@
 #include <wx/frame.h>
 #include <wx/settings.h>
 
-namespace {
+#include "wx/medidas.h"
 
-// Las medidas del formulario van en twips: 15 por punto a 96 ppp.
-int Tw(int twips) { return twips / 15; }
+namespace {
 
 // Sin atajos: un & del texto se ve tal cual.
 wxString SinAtajos(const std::string& texto) {
@@ -31,11 +30,10 @@ constexpr Sitio kSitios[7] = {{1750, 2800}, {125, 2800}, {3325, 2800}, {1750, 35
 }  // namespace
 
 VentanaEleccion::VentanaEleccion(wxWindow* padre, sabelot::Dialog& logica, Anunciador& anunciador)
-    : wxDialog(padre, wxID_ANY, wxString::FromUTF8(logica.Titulo), wxDefaultPosition, wxDefaultSize,
+    : DialogoJuego(padre, wxID_ANY, wxString::FromUTF8(logica.Titulo), wxDefaultPosition, wxDefaultSize,
                wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxFRAME_NO_TASKBAR),
       logica_(logica),
-      anunciador_(anunciador),
-      temporizador_(this) {
+      anunciador_(anunciador) {
     text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                             wxTE_MULTILINE | wxTE_READONLY | wxTE_WORDWRAP);
     text1_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
@@ -58,15 +56,10 @@ VentanaEleccion::VentanaEleccion(wxWindow* padre, sabelot::Dialog& logica, Anunc
 
     Bind(wxEVT_CHAR_HOOK, &VentanaEleccion::AlTecla, this);
     Bind(wxEVT_CLOSE_WINDOW, &VentanaEleccion::AlCerrar, this);
-    Bind(wxEVT_ACTIVATE, &VentanaEleccion::AlActivar, this);
-    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Anunciar(); }, temporizador_.GetId());
     logica_.PonerVista(this);
 }
 
-VentanaEleccion::~VentanaEleccion() {
-    temporizador_.Stop();
-    logica_.PonerVista(nullptr);
-}
+VentanaEleccion::~VentanaEleccion() { logica_.QuitarVista(this); }
 
 void VentanaEleccion::MostrarModal() {
     descargado_ = false;
@@ -77,10 +70,9 @@ void VentanaEleccion::MostrarModal() {
     if (descargado_ || !logica_.Cargado) return;
     Refrescar();
     CentreOnParent();
-    anunciarPendiente_ = true;
+    // Con el foco ya en su botón: al mostrarse, el lector dice el título, la oferta entera (la
+    // descripción de la ventana) y el botón, una vez.
     ShowModal();
-    temporizador_.Stop();
-    anunciarPendiente_ = false;
 }
 
 void VentanaEleccion::Refrescar() {
@@ -94,7 +86,6 @@ void VentanaEleccion::Refrescar() {
         if (boton->GetLabel() != rotulo) boton->SetLabel(rotulo);
         boton->Show(b.Visible);
         boton->Enable(b.Enabled);
-        if (b.Visible) anunciador_.Nombrar(boton, boton->GetLabelText(), wxString());
     }
     Colocar();
     // El foco trae la oferta entera con el nombre de la ventana.
@@ -104,14 +95,13 @@ void VentanaEleccion::Refrescar() {
 
 void VentanaEleccion::Descargar() {
     descargado_ = true;
-    temporizador_.Stop();
     if (IsModal()) EndModal(wxID_OK);
 }
 
 // Las medidas del formulario, salvo que los botones se ensanchan para que se lea el
 // rótulo más largo; Text1 y las columnas se corren lo mismo.
 void VentanaEleccion::Colocar() {
-    auto px = [this](int twips) { return FromDIP(Tw(twips)); };
+    auto px = [this](int twips) { return FromDIP(Twips(twips)); };
     int ancho = px(1500);
     for (std::size_t i = 0; i < botones_.size(); ++i)
         if (logica_.Command1[i].Visible) ancho = std::max(ancho, botones_[i]->GetBestSize().x);
@@ -158,15 +148,6 @@ void VentanaEleccion::Mover(int desde, int paso) {
 void VentanaEleccion::EnfocarBoton() {
     const int foco = logica_.Foco;
     if (foco >= 0 && foco < 7 && EnUso(foco)) botones_[static_cast<std::size_t>(foco)]->SetFocus();
-}
-
-void VentanaEleccion::Anunciar() {
-    if (descargado_) return;
-    wxWindow* foco = FindFocus();
-    const int i = IndiceDe(foco);
-    if (i < 0) foco = this;
-    anunciador_.Anunciar(foco, wxString::FromUTF8(logica_.Text1));
-    if (i >= 0) anunciador_.Anunciar(foco, botones_[static_cast<std::size_t>(i)]->GetLabelText());
 }
 
 void VentanaEleccion::AlTecla(wxKeyEvent& e) {
@@ -234,14 +215,4 @@ void VentanaEleccion::AlCerrar(wxCloseEvent& e) {
     }
     logica_.Cargado = false;
     Descargar();
-}
-
-void VentanaEleccion::AlActivar(wxActivateEvent& e) {
-    e.Skip();
-    if (e.GetActive() && anunciarPendiente_) {
-        anunciarPendiente_ = false;
-        EnfocarBoton();
-        // Tras el aviso de foco de la ventana, no antes, o el lector lo corta.
-        temporizador_.StartOnce(150);
-    }
 }

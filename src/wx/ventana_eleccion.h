@@ -6,13 +6,14 @@
 
 #include <wx/button.h>
 #include <wx/dialog.h>
+
+#include "wx/dialogo_juego.h"
 #include <wx/textctrl.h>
-#include <wx/timer.h>
 
 #include "frontend/dialog.h"
 #include "wx/anuncio.h"
 
-class VentanaEleccion : public wxDialog, public sabelot::VistaDialog {
+class VentanaEleccion : public DialogoJuego, public sabelot::VistaDialog {
 public:
     VentanaEleccion(wxWindow* padre, sabelot::Dialog& logica, Anunciador& anunciador);
     ~VentanaEleccion() override;
@@ -32,9 +33,7 @@ private:
     Anunciador& anunciador_;
     wxTextCtrl* text1_ = nullptr;
     std::array<wxButton*, 7> botones_{};
-    wxTimer temporizador_;
     bool descargado_ = false;
-    bool anunciarPendiente_ = false;
 
     void Colocar();
     int IndiceDe(const wxWindow* ventana) const;
@@ -42,8 +41,6 @@ private:
     void Pulsar(int indice);
     void Mover(int desde, int paso);
     void EnfocarBoton();
-    void Anunciar();
     void AlTecla(wxKeyEvent& e);
     void AlCerrar(wxCloseEvent& e);
-    void AlActivar(wxActivateEvent& e);
 };

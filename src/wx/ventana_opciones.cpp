@@ -7,6 +7,7 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include "comun/teclas.h"
 #include "wx/teclas.h"
 
 #ifdef __WXGTK__
@@ -48,7 +49,8 @@ void UnirRotulo(wxStaticText* rotulo, wxListBox* lista) {
 #endif
 }
 
-// El cursor nativo va con la selección: es lo que sigue el lector de pantalla.
+// El cursor nativo va con la selección: es la fila que dice el lector. Solo se mueve al llegar
+// el foco a la lista: en una lista sin foco, GTK avisaría de un foco que no tiene.
 void MoverCursor(wxListBox* lista, int posicion) {
 #ifdef __WXGTK__
     GtkWidget* arbol = VistaArbol(lista);
@@ -77,14 +79,11 @@ int LetraDeAcceso(const wxString& rotulo) {
 
 }  // namespace
 
-VentanaOpciones::VentanaOpciones(wxWindow* padre, sabelot::DlgOpciones& logica, Anunciador& anunciador,
-                                 sabelot::Plataforma& plataforma)
-    : wxDialog(padre, wxID_ANY, Texto(logica.Caption), wxDefaultPosition, wxDefaultSize,
+VentanaOpciones::VentanaOpciones(wxWindow* padre, sabelot::DlgOpciones& logica, Anunciador& anunciador)
+    : DialogoJuego(padre, wxID_ANY, Texto(logica.Caption), wxDefaultPosition, wxDefaultSize,
                wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxFRAME_NO_TASKBAR),
       logica_(logica),
-      anunciador_(anunciador),
-      plataforma_(plataforma),
-      temporizador_(this) {
+      anunciador_(anunciador) {
     // Se crean en el orden de tabulación: cada rótulo justo antes de su lista.
     const std::string* rotulos[5] = {&logica.Label1[0], &logica.Label1[1], &logica.Label2[0], &logica.Label2[1],
                                      &logica.Label2[2]};
@@ -132,9 +131,9 @@ VentanaOpciones::VentanaOpciones(wxWindow* padre, sabelot::DlgOpciones& logica, 
     for (std::size_t i = 0; i < 5; ++i) {
         const ControlOpciones c = kListas[i];
         wxListBox* l = listas_[i];
-        l->Bind(wxEVT_SET_FOCUS, [this, c](wxFocusEvent& e) {
+        l->Bind(wxEVT_SET_FOCUS, [this, c, l](wxFocusEvent& e) {
             e.Skip();
-            AlFoco(c);
+            AlFoco(c, l);
         });
         l->Bind(wxEVT_KEY_DOWN, [this, c](wxKeyEvent& e) { AlTecla(c, e); });
         l->Bind(wxEVT_LISTBOX, [this, c](wxCommandEvent& e) { AlElegir(c, e); });
@@ -144,47 +143,34 @@ VentanaOpciones::VentanaOpciones(wxWindow* padre, sabelot::DlgOpciones& logica, 
     }
     ok_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& e) {
         e.Skip();
-        AlFoco(ControlOpciones::OKButton);
+        AlFoco(ControlOpciones::OKButton, ok_);
     });
     cancelar_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& e) {
         e.Skip();
-        AlFoco(ControlOpciones::CancelButton);
+        AlFoco(ControlOpciones::CancelButton, cancelar_);
     });
     ok_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AlPulsar(ControlOpciones::OKButton); });
     cancelar_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AlPulsar(ControlOpciones::CancelButton); });
-    anunciador_.Nombrar(ok_, ok_->GetLabelText(), wxString());
-    anunciador_.Nombrar(cancelar_, cancelar_->GetLabelText(), wxString());
+    // La ventana se dice por su título y la línea de ayuda; cada lista, por su rótulo, su ayuda
+    // y la fila elegida, que dice el lector al llegar a ella.
     anunciador_.Nombrar(this, GetTitle(), Texto(logica.LbAyuda));
 
     Bind(wxEVT_CHAR_HOOK, &VentanaOpciones::AlTeclaVentana, this);
     Bind(wxEVT_CLOSE_WINDOW, &VentanaOpciones::AlCerrar, this);
-    Bind(wxEVT_ACTIVATE, &VentanaOpciones::AlActivar, this);
-    Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
-        if (abriendo_) {
-            // El gestor de ventanas no avisó de la activación: se pone el foco igual.
-            abriendo_ = false;
-            Enfocar();
-        }
-        AnunciarFoco();
-    }, temporizador_.GetId());
     logica_.PonerVista(this);
 }
 
-VentanaOpciones::~VentanaOpciones() {
-    temporizador_.Stop();
-    logica_.PonerVista(nullptr);
-}
+VentanaOpciones::~VentanaOpciones() { logica_.QuitarVista(this); }
 
 void VentanaOpciones::MostrarModal() {
     logica_.PonerVista(this);
     logica_.Mostrar();
     if (!logica_.Visible) return;
-    abriendo_ = true;
+    // Todo pintado y el foco en su sitio antes de mostrarse: el lector dice la ventana y el
+    // control con el foco una vez, ya con lo que tienen.
     Refrescar();
-    temporizador_.StartOnce(250);
+    if (auto* lista = wxDynamicCast(Control(logica_.Foco), wxListBox)) MoverCursor(lista, lista->GetSelection());
     ShowModal();
-    temporizador_.Stop();
-    abriendo_ = false;
 }
 
 wxWindow* VentanaOpciones::Control(ControlOpciones c) const {
@@ -216,12 +202,9 @@ void VentanaOpciones::PintarLista(int indice, const sabelot::ListaOpciones& list
     }
     const int seleccion = lista.ListIndex < static_cast<int>(cuantas) ? lista.ListIndex : -1;
     if (cambiada || l->GetSelection() != seleccion) {
-        if (seleccion < 0) {
-            l->SetSelection(wxNOT_FOUND);
-        } else {
-            l->SetSelection(seleccion);
-            MoverCursor(l, seleccion);
-        }
+        l->SetSelection(seleccion < 0 ? wxNOT_FOUND : seleccion);
+        // En la lista que tiene el foco, la fila que dice el lector también cambia.
+        if (seleccion >= 0 && l->HasFocus()) MoverCursor(l, seleccion);
     }
     const wxString ayuda = Texto(lista.ToolTipText);
     if (!ayuda.empty() && l->GetToolTipText() != ayuda) l->SetToolTip(ayuda);
@@ -252,8 +235,6 @@ void VentanaOpciones::Refrescar() {
 }
 
 void VentanaOpciones::Ocultar() {
-    temporizador_.Stop();
-    abriendo_ = false;
     if (IsModal())
         EndModal(wxID_OK);
     else
@@ -261,38 +242,25 @@ void VentanaOpciones::Ocultar() {
 }
 
 void VentanaOpciones::Enfocar() {
-    if (!IsShown() || !logica_.Visible) return;
-    wxWindow* w = Control(logica_.Foco);
-    if (w && wxWindow::FindFocus() != w) w->SetFocus();
-}
-
-void VentanaOpciones::AnunciarFoco() {
     if (!logica_.Visible) return;
-    const ControlOpciones c = logica_.Foco;
-    wxWindow* w = Control(c);
-    if (!w) return;
-    wxString texto;
-    for (std::size_t i = 0; i < 5; ++i) {
-        if (kListas[i] != c) continue;
-        texto = wxControl::RemoveMnemonics(rotulos_[i]->GetLabel());
-        const int s = listas_[i]->GetSelection();
-        if (s != wxNOT_FOUND) texto += ", " + listas_[i]->GetString(static_cast<unsigned>(s));
+    wxWindow* w = Control(logica_.Foco);
+    if (w && wxWindow::FindFocus() != w) {
+        pintando_ = true;
+        w->SetFocus();
+        pintando_ = false;
     }
-    if (c == ControlOpciones::OKButton) texto = ok_->GetLabelText();
-    if (c == ControlOpciones::CancelButton) texto = cancelar_->GetLabelText();
-    anunciador_.Anunciar(w, texto);
 }
 
-void VentanaOpciones::AlFoco(ControlOpciones control) {
-    // Al abrir, el foco lo pone el sistema donde quiere; el de la lógica llega con la activación.
-    if (abriendo_ || !logica_.Visible || pintando_) return;
+void VentanaOpciones::AlFoco(ControlOpciones control, wxWindow* ventana) {
+    // La fila que el lector dice al llegar es la elegida, aunque la eligiera la lógica.
+    if (auto* lista = wxDynamicCast(ventana, wxListBox)) MoverCursor(lista, lista->GetSelection());
+    if (pintando_ || !logica_.Visible) return;
     const ControlOpciones antes = logica_.Foco;
     logica_.CambiarFoco(control);
     if (logica_.Foco == antes) return;  // p. ej. vuelve de un cuadro de mensaje
+    // Entrar en una lista pone al día las otras; salir de los ficheros puede llevar a Aceptar.
     CallAfter([this] {
-        if (!logica_.Visible) return;
-        Refrescar();
-        AnunciarFoco();
+        if (logica_.Visible) Refrescar();
     });
 }
 
@@ -319,7 +287,7 @@ void VentanaOpciones::AlActivarFila(ControlOpciones control) {
     const guint estado = evento->key.state;
     gdk_event_free(evento);
     if (!enter) return;
-    logica_.Tecla(control, 13,
+    logica_.Tecla(control, sabelot::vbKeyReturn,
                   Modificadores((estado & GDK_SHIFT_MASK) != 0, (estado & GDK_CONTROL_MASK) != 0,
                                 (estado & GDK_MOD1_MASK) != 0));
     if (logica_.Visible) Refrescar();
@@ -332,7 +300,7 @@ void VentanaOpciones::AlTeclaVentana(wxKeyEvent& e) {
     // Las teclas de acceso: la de un rótulo lleva a su lista, la de un botón lo pulsa.
     const int mods = Modificadores(e);
     const int codigo = CodigoTecla(e);
-    if (mods == 4 && codigo >= 'A' && codigo <= 'Z') {
+    if (mods == sabelot::vbAltMask && codigo >= sabelot::vbKeyA && codigo <= sabelot::vbKeyZ) {
         for (std::size_t i = 0; i < 5; ++i) {
             if (LetraDeAcceso(rotulos_[i]->GetLabel()) == codigo) {
                 listas_[i]->SetFocus();
@@ -368,14 +336,4 @@ void VentanaOpciones::AlCerrar(wxCloseEvent&) {
         logica_.Descargar();
     else if (IsModal())
         EndModal(wxID_CANCEL);
-}
-
-void VentanaOpciones::AlActivar(wxActivateEvent& e) {
-    e.Skip();
-    if (e.GetActive() && abriendo_) {
-        abriendo_ = false;
-        Enfocar();
-        // Tras el aviso de foco de la ventana, no antes, o el lector lo corta.
-        temporizador_.StartOnce(150);
-    }
 }

@@ -2,8 +2,9 @@
 
 #include <wx/settings.h>
 
-#include "plataforma_wx.h"
-#include "teclas.h"
+#include "comun/teclas.h"
+#include "wx/medidas.h"
+#include "wx/teclas.h"
 
 namespace {
 
@@ -18,20 +19,17 @@ public:
 
 const char* const kNombrePicture1 = "Tablero";
 
-// Medidas de la ventana en twips, a píxeles de 96 ppp.
-int Px(int twips) { return twips / 15; }
-
 }  // namespace
 
-VentanaPrincipal::VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador, PlataformaWx& plataforma)
+VentanaPrincipal::VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador, std::function<void()> alCerrar)
     : wxFrame(nullptr, wxID_ANY, wxString::FromUTF8("SÁBELOT")),
       form1_(form1),
       anunciador_(anunciador),
-      plataforma_(plataforma) {
-    SetClientSize(FromDIP(wxSize(Px(4680), Px(3195))));
-    picture1_ = new Lienzo(this, FromDIP(wxPoint(Px(1800), 0)), FromDIP(wxSize(Px(1215), Px(435))));
-    text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), FromDIP(wxPoint(0, Px(2000))),
-                            FromDIP(wxSize(Px(3000), Px(3000))),
+      alCerrar_(std::move(alCerrar)) {
+    SetClientSize(FromDIP(wxSize(Twips(4680), Twips(3195))));
+    picture1_ = new Lienzo(this, FromDIP(wxPoint(Twips(1800), 0)), FromDIP(wxSize(Twips(1215), Twips(435))));
+    text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), FromDIP(wxPoint(0, Twips(2000))),
+                            FromDIP(wxSize(Twips(3000), Twips(3000))),
                             wxTE_MULTILINE | wxTE_READONLY | wxVSCROLL, wxDefaultValidator, "Text1");
     text1_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
     text1_->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT));
@@ -40,39 +38,23 @@ VentanaPrincipal::VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador
     Bind(wxEVT_CHAR_HOOK, &VentanaPrincipal::AlTecla, this);
     Bind(wxEVT_CLOSE_WINDOW, &VentanaPrincipal::AlCerrar, this);
     form1_.PonerVista(this);
-    plataforma_.PonerVentanaPrincipal(this);
 }
 
-VentanaPrincipal::~VentanaPrincipal() {
-    form1_.PonerVista(nullptr);
-    plataforma_.PonerVentanaPrincipal(nullptr);
-}
+VentanaPrincipal::~VentanaPrincipal() { form1_.PonerVista(nullptr); }
 
 void VentanaPrincipal::Aparecer() {
     Centre();
     Show(true);
-    yaMostrada_ = true;
     Raise();
     FocoAPicture1();
 }
 
-void VentanaPrincipal::PonerTexto1(const std::string& texto) {
-    const wxString t = wxString::FromUTF8(texto);
-    text1_->ChangeValue(t);
-    // Antes de aparecer la ventana no se dice nada: el texto queda en Picture1 y se oye
-    // cuando esta recibe el foco.
-    if (yaMostrada_)
-        anunciador_.Anunciar(picture1_, t);
-    else
-        anunciador_.Nombrar(picture1_, wxString::FromUTF8(kNombrePicture1), t);
-}
+// Solo se muestra: lo que se oye lo decide la lógica (comun/anuncios.h).
+void VentanaPrincipal::PonerTexto1(const std::string& texto) { text1_->ChangeValue(wxString::FromUTF8(texto)); }
 
 void VentanaPrincipal::PonerTitulo(const std::string& titulo) { SetTitle(wxString::FromUTF8(titulo)); }
 
-void VentanaPrincipal::Mostrar() {
-    Show(true);
-    yaMostrada_ = true;
-}
+void VentanaPrincipal::Mostrar() { Show(true); }
 
 void VentanaPrincipal::Ocultar() { Hide(); }
 
@@ -83,8 +65,8 @@ void VentanaPrincipal::FocoAPicture1() { picture1_->SetFocus(); }
 void VentanaPrincipal::AlTecla(wxKeyEvent& evento) {
     const int codigo = CodigoTecla(evento);
     const int shift = Modificadores(evento);
-    // Tab mueve el foco entre los controles, como siempre.
-    if (codigo == 9 && (shift & ~sabelot::vbShiftMask) == 0) {
+    // Tab y Mayúsculas+Tab mueven el foco entre los controles.
+    if (codigo == sabelot::vbKeyTab && (shift & ~sabelot::vbShiftMask) == 0) {
         evento.Skip();
         return;
     }
@@ -94,8 +76,6 @@ void VentanaPrincipal::AlTecla(wxKeyEvent& evento) {
 }
 
 void VentanaPrincipal::AlCerrar(wxCloseEvent&) {
-    // Sin preguntar nada. Con un diálogo abierto, su llamada modal no puede volver: se acaba ahí.
-    if (plataforma_.ModalesAbiertos() > 0) plataforma_.TerminarPrograma();
-    plataforma_.CerrarDialogos();
-    Destroy();
+    // Sin preguntar nada: quien la creó cierra los diálogos y la destruye.
+    if (alCerrar_) alCerrar_();
 }

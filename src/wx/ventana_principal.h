@@ -1,17 +1,18 @@
 // La ventana principal: Picture1 tiene el foco y recibe las teclas; Text1 muestra lo dicho.
 #pragma once
 
+#include <functional>
+
 #include <wx/frame.h>
 #include <wx/textctrl.h>
 
 #include "anuncio.h"
 #include "engine/form1.h"
 
-class PlataformaWx;
-
 class VentanaPrincipal : public wxFrame, public sabelot::VistaForm1 {
 public:
-    VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador, PlataformaWx& plataforma);
+    // alCerrar: lo que pasa al cerrar la ventana (la cierra quien la creó).
+    VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador, std::function<void()> alCerrar);
     ~VentanaPrincipal() override;
 
     wxWindow* Picture1() const { return picture1_; }
@@ -33,8 +34,7 @@ private:
 
     sabelot::Form1& form1_;
     Anunciador& anunciador_;
-    PlataformaWx& plataforma_;
+    std::function<void()> alCerrar_;
     wxWindow* picture1_ = nullptr;
     wxTextCtrl* text1_ = nullptr;
-    bool yaMostrada_ = false;
 };

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 
 namespace sabelot::prueba {
 
@@ -15,7 +15,7 @@ class FicherosAveriados : public SistemaFicheros {
 public:
     explicit FicherosAveriados(SistemaFicheros& real) : real_(real) {}
 
-    bool fallaAbrirEscritura = false;
+    bool fallaCrear = false;
     // Escribe la mitad de lo pedido y dice que no pudo (disco lleno).
     bool fallaEscribir = false;
     bool fallaCerrar = false;
@@ -23,26 +23,24 @@ public:
     // Se llama a mitad de una escritura, con la mitad ya escrita.
     std::function<void()> aMitadDeEscribir;
 
-    // Lo que se abrió para escribir, en orden.
-    std::vector<std::string> abiertosParaEscribir;
+    // Los ficheros nuevos que se crearon para escribir, en orden.
+    std::vector<std::string> creados;
 
     bool Existe(const std::string& ruta) override { return real_.Existe(ruta); }
     bool EsCarpeta(const std::string& ruta) override { return real_.EsCarpeta(ruta); }
     std::vector<std::string> Listar(const std::string& carpeta, const std::string& extension) override {
         return real_.Listar(carpeta, extension);
     }
-    std::unique_ptr<Fichero> Abrir(const std::string& ruta, ModoApertura modo, int& error) override {
-        if (modo == ModoApertura::Escritura) {
-            abiertosParaEscribir.push_back(ruta);
-            if (fallaAbrirEscritura) {
-                error = 75;
-                return nullptr;
-            }
-        }
-        auto f = real_.Abrir(ruta, modo, error);
+    std::unique_ptr<Fichero> Abrir(const std::string& ruta, int& error) override { return real_.Abrir(ruta, error); }
+    std::unique_ptr<Fichero> CrearJunto(const std::string& destino, std::string& ruta) override {
+        if (fallaCrear) return nullptr;
+        auto f = real_.CrearJunto(destino, ruta);
         if (!f) return nullptr;
+        creados.push_back(ruta);
         return std::make_unique<FicheroAveriado>(std::move(f), *this);
     }
+    bool Protegido(const std::string& ruta) override { return real_.Protegido(ruta); }
+    bool CopiarPermisos(const std::string& de, const std::string& a) override { return real_.CopiarPermisos(de, a); }
     bool Renombrar(const std::string& de, const std::string& a) override {
         return !fallaRenombrar && real_.Renombrar(de, a);
     }
@@ -54,6 +52,7 @@ private:
         FicheroAveriado(std::unique_ptr<Fichero> f, FicherosAveriados& capa)
             : f_(std::move(f)), capa_(capa) {}
         bool LeerLinea(std::string& linea) override { return f_->LeerLinea(linea); }
+        bool LineaLarga() const override { return f_->LineaLarga(); }
         bool Fin() override { return f_->Fin(); }
         std::int64_t Posicion() override { return f_->Posicion(); }
         void IrA(std::int64_t posicion1) override { f_->IrA(posicion1); }

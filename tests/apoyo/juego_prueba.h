@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "apoyo/plataforma_guion.h"
+#include "comun/teclas.h"
 #include "engine/juego.h"
 
 namespace sabelot::prueba {

@@ -60,7 +60,13 @@ std::vector<std::string> PlataformaGuion::TextosMensajes() const {
     return t;
 }
 
-int PlataformaGuion::MsgBox(const std::string& texto, int estilo, const std::string& titulo) {
+std::vector<std::string> PlataformaGuion::TextosDichos() const {
+    std::vector<std::string> t;
+    for (const auto& d : dichos) t.push_back(d.texto);
+    return t;
+}
+
+int PlataformaGuion::CuadroMensaje(const std::string& texto, int estilo, const std::string& titulo) {
     mensajes.push_back({texto, estilo, titulo});
     if (alMensaje) alMensaje(mensajes.back());
     if ((estilo & 7) == vbYesNo) {
@@ -75,7 +81,7 @@ int PlataformaGuion::MsgBox(const std::string& texto, int estilo, const std::str
     return vbOK;
 }
 
-std::string PlataformaGuion::InputBox(const std::string& indicacion, const std::string& titulo,
+std::string PlataformaGuion::CuadroEntrada(const std::string& indicacion, const std::string& titulo,
                                       const std::string& inicial) {
     entradas.push_back({indicacion, titulo, inicial});
     if (textos.empty()) {
@@ -105,7 +111,7 @@ double PlataformaGuion::Rnd() {
     return std::uniform_real_distribution<double>(0.0, 1.0)(generador_);
 }
 
-void PlataformaGuion::MostrarDialog(Dialog& d) {
+void PlataformaGuion::AbrirDialog(Dialog& d) {
     ++dialogosMostrados;
     if (alMostrarDialog) {
         alMostrarDialog(d);
@@ -132,7 +138,7 @@ void PlataformaGuion::MostrarDialog(Dialog& d) {
     }
 }
 
-void PlataformaGuion::MostrarDialog1(Dialog1& d) {
+void PlataformaGuion::AbrirDialog1(Dialog1& d) {
     ++dialogos1Mostrados;
     if (alMostrarDialog1) {
         alMostrarDialog1(d);
@@ -159,7 +165,7 @@ void PlataformaGuion::MostrarDialog1(Dialog1& d) {
     }
 }
 
-void PlataformaGuion::MostrarDlgOpciones(DlgOpciones& d) {
+void PlataformaGuion::AbrirDlgOpciones(DlgOpciones& d) {
     ++opcionesMostradas;
     if (alMostrarDlgOpciones) {
         alMostrarDlgOpciones(d);

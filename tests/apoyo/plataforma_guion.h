@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 #include "storage/sistema_ficheros.h"
 
 namespace sabelot::prueba {
@@ -82,10 +82,16 @@ public:
     // Textos de los mensajes, en orden.
     std::vector<std::string> TextosMensajes() const;
 
+    // Lo que el lector de pantalla oiría por orden: textos del panel y de los diálogos.
+    struct Dicho {
+        std::string texto;
+        Anuncios::Lugar lugar;
+    };
+    std::vector<Dicho> dichos;
+    // Solo los textos, en orden.
+    std::vector<std::string> TextosDichos() const;
+
     // --- Plataforma ---
-    int MsgBox(const std::string& texto, int estilo, const std::string& titulo) override;
-    std::string InputBox(const std::string& indicacion, const std::string& titulo,
-                         const std::string& inicial) override;
     void Beep() override { ++pitidos; }
     void Reproducir(Reproductor reproductor, const std::string& ruta) override;
     void Hora(int& h, int& m, int& s) override {
@@ -97,10 +103,16 @@ public:
     double Rnd() override;
     std::string CarpetaPrograma() override { return carpeta.Ruta(); }
     SistemaFicheros& Ficheros() override { return *ficheros; }
-    void MostrarDialog(Dialog& dialogo) override;
-    void MostrarDialog1(Dialog1& dialogo) override;
-    void MostrarDlgOpciones(DlgOpciones& dialogo) override;
     [[noreturn]] void TerminarPrograma() override { throw ProgramaTerminado{}; }
+
+protected:
+    int CuadroMensaje(const std::string& texto, int estilo, const std::string& titulo) override;
+    std::string CuadroEntrada(const std::string& indicacion, const std::string& titulo,
+                              const std::string& inicial) override;
+    void AbrirDialog(Dialog& dialogo) override;
+    void AbrirDialog1(Dialog1& dialogo) override;
+    void AbrirDlgOpciones(DlgOpciones& dialogo) override;
+    void Decir(const std::string& texto, Anuncios::Lugar lugar) override { dichos.push_back({texto, lugar}); }
 
 private:
     SistemaFicherosReal real_;

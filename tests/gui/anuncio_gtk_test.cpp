@@ -61,31 +61,52 @@ protected:
     wxTextCtrl* texto = nullptr;
 };
 
-TEST_F(Anuncios, ElMismoTextoDosVecesSigueSiendoUnCambio) {
+TEST_F(Anuncios, ConElFocoAsentadoSeDiceYaYUnTextoRepetidoSigueSiendoUnCambio) {
     MostrarCon(lienzo);
+    prueba_gui::Bombear(200);
     anunciador->Anunciar(lienzo, "Casilla central");
     EXPECT_EQ(Descripcion(lienzo), "Casilla central");
     anunciador->Anunciar(lienzo, "Casilla central");
     EXPECT_EQ(Descripcion(lienzo), "Casilla central ");
-    anunciador->Anunciar(lienzo, "Casilla central");
-    EXPECT_EQ(Descripcion(lienzo), "Casilla central");
     anunciador->Anunciar(lienzo, wxString::FromUTF8("Énter\r\nsí"));
     EXPECT_EQ(Descripcion(lienzo), "Énter\r\nsí");
 }
 
-TEST_F(Anuncios, SeDiceAtravesDeLoQueTieneElFoco) {
+TEST_F(Anuncios, SeDicePorLoQueTieneElFocoYVolverAUnControlNoRepiteLoDicho) {
     MostrarCon(texto);
+    prueba_gui::Bombear(200);
     anunciador->Anunciar(lienzo, "hola");
     EXPECT_EQ(Descripcion(texto), "hola");
+    lienzo->SetFocus();
+    ASSERT_TRUE(EsperarHasta([&] { return wxWindow::FindFocus() == lienzo; }));
+    texto->SetFocus();
+    ASSERT_TRUE(EsperarHasta([&] { return wxWindow::FindFocus() == texto; }));
+    EXPECT_EQ(Descripcion(texto), "");
 }
 
-TEST_F(Anuncios, SinVentanaActivaElTextoQuedaEnElControl) {
+TEST_F(Anuncios, SinFocoElTextoEsperaAQueSuCasaLoTengaYSeAsiente) {
     anunciador->Anunciar(lienzo, "para luego");
-    EXPECT_EQ(Descripcion(lienzo), "para luego");
+    anunciador->Anunciar(lienzo, "y esto");
+    EXPECT_EQ(Descripcion(lienzo), "");
+    MostrarCon(lienzo);
+    EXPECT_EQ(Descripcion(lienzo), "") << "no pegado al aviso de foco";
+    ASSERT_TRUE(EsperarHasta([&] { return !Descripcion(lienzo).empty(); }, 1000));
+    EXPECT_EQ(Descripcion(lienzo), "para luego\r\ny esto");
 }
 
-TEST_F(Anuncios, NombrarDaNombreDescripcionYPapelAUnControlVacio) {
+TEST_F(Anuncios, LoQueUnaVentanaPresentaEsperaAlControlQueLoDice) {
+    MostrarCon(texto);
+    prueba_gui::Bombear(200);
+    anunciador->AnunciarAlEnfocar(lienzo, "1. Cinco");
+    prueba_gui::Bombear(200);
+    EXPECT_EQ(Descripcion(texto), "") << "no por el control que tiene ahora el foco";
+    lienzo->SetFocus();
+    ASSERT_TRUE(EsperarHasta([&] { return Descripcion(lienzo) == "1. Cinco"; }, 1000));
+}
+
+TEST_F(Anuncios, NombrarDaNombreDescripcionYPapelAUnControlVacioAlMostrarse) {
     anunciador->Nombrar(lienzo, "Tablero", "Casilla central");
+    MostrarCon(lienzo);
     EXPECT_EQ(Nombre(lienzo), "Tablero");
     EXPECT_EQ(Descripcion(lienzo), "Casilla central");
     EXPECT_EQ(atk_object_get_role(Atk(lienzo)), ATK_ROLE_PANEL);
@@ -128,7 +149,8 @@ TEST(AnunciosVentana, Picture1SeLlamaTableroYDiceLoQueMuestraText1) {
     ASSERT_TRUE(EsperarHasta([&] { return v->IsActive() && v->FocoEnPicture1(); }));
     EXPECT_EQ(Nombre(v->Picture1()), "Tablero");
     EXPECT_EQ(atk_object_get_role(Atk(v->Picture1())), ATK_ROLE_PANEL);
-    // El texto del centro, puesto antes de que hubiera ventana, se oye al recibir el foco.
+    // El texto del centro, puesto antes de que hubiera ventana, se oye cuando el foco llega.
+    ASSERT_TRUE(EsperarHasta([&] { return !Descripcion(v->Picture1()).empty(); }, 1000));
     EXPECT_EQ(Descripcion(v->Picture1()), v->Text1()->GetValue().utf8_string());
     const wxString antes = v->Text1()->GetValue();
     prueba_gui::PulsarTecla(WXK_UP);

@@ -23,6 +23,7 @@ public:
     std::map<const wxWindow*, std::pair<wxString, wxString>> nombres;
 
     void Anunciar(wxWindow*, const wxString& texto) override { dichos.push_back(texto); }
+    void AnunciarAlEnfocar(wxWindow*, const wxString& texto) override { dichos.push_back(texto); }
     void Nombrar(wxWindow* control, const wxString& nombre, const wxString& descripcion) override {
         nombres[control] = {nombre, descripcion};
     }

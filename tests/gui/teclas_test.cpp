@@ -1,4 +1,4 @@
-// Las teclas de wx llegan a la lógica con los códigos de tecla virtual de siempre.
+// Las teclas de wx llegan a la lógica con los códigos de tecla virtual de Windows.
 #include <gtest/gtest.h>
 #include <wx/defs.h>
 

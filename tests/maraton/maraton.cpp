@@ -19,6 +19,7 @@
 
 #include "apoyo/juego_prueba.h"
 #include "apoyo/plataforma_guion.h"
+#include "comun/teclas.h"
 #include "engine/juego.h"
 #include "frontend/dialog.h"
 #include "options/dlg_opciones.h"
@@ -130,7 +131,7 @@ public:
         }
     }
 
-    int MsgBox(const std::string& texto, int estilo, const std::string& titulo) override {
+    int CuadroMensaje(const std::string& texto, int estilo, const std::string& titulo) override {
         if (mensajes.size() > 200) mensajes.erase(mensajes.begin(), mensajes.begin() + 100);
         if (texto == kOtraPartida) {
             ++ganadas;
@@ -138,10 +139,10 @@ public:
         } else if ((estilo & 7) == vbYesNo) {
             siNo.push_back(Moneda(0.5) ? vbYes : vbNo);
         }
-        return PlataformaGuion::MsgBox(texto, estilo, titulo);
+        return PlataformaGuion::CuadroMensaje(texto, estilo, titulo);
     }
 
-    std::string InputBox(const std::string& indicacion, const std::string& titulo,
+    std::string CuadroEntrada(const std::string& indicacion, const std::string& titulo,
                          const std::string& inicial) override {
         if (entradas.size() > 200) entradas.clear();
         entradas.push_back({indicacion, titulo, inicial});
@@ -154,7 +155,12 @@ public:
         return NombreAlAzar();
     }
 
-    void MostrarDialog(Dialog& d) override {
+    void Decir(const std::string& texto, Anuncios::Lugar lugar) override {
+        if (dichos.size() > 200) dichos.erase(dichos.begin(), dichos.begin() + 100);
+        PlataformaGuion::Decir(texto, lugar);
+    }
+
+    void AbrirDialog(Dialog& d) override {
         ++dialogosMostrados;
         d.Form_Load();
         d.Form_Activate();
@@ -170,7 +176,7 @@ public:
         }
     }
 
-    void MostrarDialog1(Dialog1& d) override {
+    void AbrirDialog1(Dialog1& d) override {
         ++dialogos1Mostrados;
         d.Visible = true;
         d.Form_Activate();
@@ -193,7 +199,7 @@ public:
         }
     }
 
-    void MostrarDlgOpciones(DlgOpciones& d) override {
+    void AbrirDlgOpciones(DlgOpciones& d) override {
         ++opcionesMostradas;
         using C = ControlOpciones;
         d.Mostrar();

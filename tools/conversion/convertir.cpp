@@ -9,7 +9,7 @@
 
 #include "questions/revision.h"
 #include "storage/cp1252.h"
-#include "storage/utf8.h"
+#include "comun/texto.h"
 
 namespace sabelot {
 
@@ -482,11 +482,6 @@ void ConvertirOpenTdb(const std::string& texto, Escritor& e) {
         c.correcta = static_cast<int>(sitio + 1);
         e.Anadir(c);
     }
-}
-
-std::string Minusculas(std::string s) {
-    for (char& ch : s) ch = static_cast<char>(ch >= 'A' && ch <= 'Z' ? ch + 32 : ch);
-    return s;
 }
 
 bool Termina(const std::string& s, const std::string& fin) {

@@ -1,6 +1,6 @@
-// Estado compartido del juego: lo que en el programa original vive en Module1
-// y los campos de Form1 que usan los procedimientos del motor.
-// Todas las tablas por tema y por jugador cuentan desde 1; el índice 0 no se usa.
+// El estado que comparte todo el juego: las variables que ven todos los formularios
+// (Module1) y los campos de la ventana principal que usan el motor y el lector del
+// tablero (CamposForm1). Las tablas por tema y por jugador cuentan desde 1.
 #pragma once
 
 #include <array>
@@ -32,10 +32,16 @@ struct Casilla {
     int Abajo = 0;
 };
 
+// Las casillas 0 a 78 son el tablero; la 79 y la 80 existen y se quedan a cero.
 using TableroJuego = std::array<Casilla, 81>;
 
-// Tabla (Tema, Jugador) con índices desde 1, redimensionable como un ReDim:
-// dimensionar la vacía.
+// En las casillas 1 a 6 un Arriba de 0 sí lleva al centro.
+inline bool TieneArriba(const Casilla& c) { return c.Arriba > 0 || (c.Arriba == 0 && c.Abajo > 0); }
+
+// El radio de enfrente: en el centro, el que queda detrás del jugador.
+inline int RadioOpuesto(int radio) { return radio + 3 > 6 ? radio - 3 : radio + 3; }
+
+// Tabla (Tema, Jugador) con índices desde 1. Cambiar su número de jugadores la vacía.
 template <typename T>
 class TablaTemaJugador {
 public:
@@ -78,7 +84,7 @@ private:
     std::vector<T> datos_;
 };
 
-// Variables de Module1: las ven todos los formularios.
+// Lo que ven todos los formularios: jugadores, quesitos, opciones y mazos.
 struct Module1 {
     int NumJugadores = 1;
     int QuesitosParaGanar = 0;
@@ -96,7 +102,7 @@ struct Module1 {
     std::string ListaValores;
     int ValorElegido = -1;
 
-    // Las cuatro tablas por jugador, en el orden de siempre; dimensionar las borra.
+    // Las cuatro tablas por jugador, siempre en este orden; dimensionar las vacía.
     void DimensionarTablas(int jugadores) {
         Preguntas.Dimensionar(jugadores);
         Aciertos.Dimensionar(jugadores);
@@ -105,7 +111,23 @@ struct Module1 {
     }
 };
 
-// El título de la ventana principal para un jugador.
-std::string TituloJugador(int jugador);
+// Los campos de la ventana principal que usan el motor y el lector del tablero.
+struct CamposForm1 {
+    TableroJuego Tablero{};
+    int CasillaCursor = 0;
+    int RumboCentro = 1;
+    int CasillaPrevia = 0;
+    bool LeerAnexas = true;
+    std::array<int, 7> PosicionFicha{};
+    int JugadorActual = 1;
+    int ValorDado = 0;
+    int CaminosPendientes = 0;
+    std::string TextoDestinos;
+
+    int& Ficha(int jugador) { return PosicionFicha[static_cast<std::size_t>(jugador)]; }
+    int Ficha(int jugador) const { return PosicionFicha[static_cast<std::size_t>(jugador)]; }
+    const Casilla& En(int casilla) const { return Tablero[static_cast<std::size_t>(casilla)]; }
+    Casilla& En(int casilla) { return Tablero[static_cast<std::size_t>(casilla)]; }
+};
 
 }  // namespace sabelot

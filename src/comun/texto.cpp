@@ -1,4 +1,4 @@
-#include "storage/utf8.h"
+#include "comun/texto.h"
 
 namespace sabelot {
 
@@ -58,6 +58,57 @@ void PonerUtf8(std::string& s, char32_t c) {
         s.push_back(static_cast<char>(0x80 | ((c >> 6) & 0x3F)));
         s.push_back(static_cast<char>(0x80 | (c & 0x3F)));
     }
+}
+
+int Caracteres(const std::string& s) {
+    int n = 0;
+    for (unsigned char b : s) {
+        if ((b & 0xC0) != 0x80) ++n;
+    }
+    return n;
+}
+
+std::string Recortar(const std::string& s) {
+    const std::size_t inicio = s.find_first_not_of(' ');
+    if (inicio == std::string::npos) return "";
+    return s.substr(inicio, s.find_last_not_of(' ') - inicio + 1);
+}
+
+std::string MayusculasAscii(std::string s) {
+    for (char& c : s) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    return s;
+}
+
+bool IgualesSinMayusculas(const std::string& a, const std::string& b) {
+    return a.size() == b.size() && MayusculasAscii(a) == MayusculasAscii(b);
+}
+
+std::string Minusculas(const std::string& utf8) {
+    std::string r;
+    r.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size();) {
+        char32_t c = 0;
+        const std::size_t n = LeerUtf8(utf8, i, c);
+        if (n == 0) {
+            r.push_back(utf8[i++]);
+            continue;
+        }
+        // A-Z y las mayúsculas de Latin-1 (salvo el signo de multiplicar) están 32 más abajo.
+        if ((c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7)) c += 32;
+        PonerUtf8(r, c);
+        i += n;
+    }
+    return r;
+}
+
+std::string SinControles(std::string s) {
+    for (char& c : s) {
+        const auto b = static_cast<unsigned char>(c);
+        if ((b < 0x20 && c != '\r' && c != '\n') || b == 0x7F) c = ' ';
+    }
+    return s;
 }
 
 }  // namespace sabelot

@@ -1,4 +1,4 @@
-#include "engine/plataforma.h"
+#include "comun/plataforma.h"
 
 namespace sabelot {
 

@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# ./probar --mutar [FILTRO]: cada fallo hecho a propósito de tools/mutar/mutantes.tsv se pone en
+# el núcleo, se construye y se pasan las pruebas del núcleo; un fallo que las pruebas no notan
+# es un mutante vivo. Construye aparte (build/mutar, sin sanitizers) y deja cada fichero como
+# estaba. Con FILTRO, solo los mutantes cuya línea lo contenga.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+filtro=${1:-}
+dir=build/mutar
+lista=tools/mutar/mutantes.tsv
+
+tools/preparar.sh
+cmake -S . -B "$dir" -DCMAKE_BUILD_TYPE=Debug -DSABELOT_GUI=OFF -DSABELOT_PRUEBAS=ON >/dev/null
+cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null
+"$dir/tests/pruebas" --gtest_brief=1 >/dev/null || { echo "Las pruebas ya fallan sin mutantes" >&2; exit 2; }
+
+guardado=$(mktemp -d)
+trap 'for f in "$guardado"/*; do [ -e "$f" ] && cp -p "$f" "$(cat "$f.ruta")"; done 2>/dev/null; rm -rf "$guardado"' EXIT
+
+total=0 muertos=0 rotos=0
+vivos=()
+while IFS=$'\t' read -r fichero original mutado que; do
+  [[ -z $fichero || $fichero == \#* ]] && continue
+  [[ -n $filtro && "$fichero $que" != *"$filtro"* ]] && continue
+  total=$((total + 1))
+  copia="$guardado/$total"
+  cp -p "$fichero" "$copia" && echo "$fichero" >"$copia.ruta"
+  python3 - "$fichero" "$original" "$mutado" <<'PY'
+import sys
+fichero, original, mutado = sys.argv[1], sys.argv[2].replace("⏎", "\n"), sys.argv[3].replace("⏎", "\n")
+texto = open(fichero, encoding="utf-8").read()
+if texto.count(original) != 1:
+    sys.exit(f"{fichero}: el texto del mutante no está una sola vez")
+open(fichero, "w", encoding="utf-8").write(texto.replace(original, mutado))
+PY
+  if ! cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null 2>&1; then
+    # Un mutante que no compila no dice nada de las pruebas: hay que arreglarlo en la lista.
+    resultado="NO COMPILA"
+    rotos=$((rotos + 1))
+  elif timeout 300 "$dir/tests/pruebas" --gtest_brief=1 >/dev/null 2>&1; then
+    resultado="VIVO"
+    vivos+=("$fichero: $que")
+  else
+    resultado="muerto"
+    muertos=$((muertos + 1))
+  fi
+  cp -p "$copia" "$fichero" && rm -f "$copia" "$copia.ruta"
+  printf '%3d %-8s %s: %s\n' "$total" "$resultado" "$fichero" "$que"
+done <"$lista"
+cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null
+
+echo
+echo "Mutantes: $((total - rotos)); muertos: $muertos; vivos: $((total - rotos - muertos))"
+((rotos == 0)) || echo "  $rotos no compilan: arréglelos en $lista"
+for v in "${vivos[@]+"${vivos[@]}"}"; do echo "  vivo: $v"; done
