@@ -47,7 +47,7 @@ bool VentanaALaVista(GtkWidget* w) {
 wxWindow* ConElFoco() {
     wxWindow* foco = wxWindow::FindFocus();
     if (!foco) return nullptr;
-    auto* arriba = wxDynamicCast(wxGetTopLevelParent(foco), wxTopLevelWindow);
+    auto* arriba = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(foco));
     return arriba && arriba->IsActive() ? foco : nullptr;
 }
 
@@ -113,12 +113,12 @@ public:
     int FilterEvent(wxEvent& evento) override {
         const wxEventType tipo = evento.GetEventType();
         if (tipo == wxEVT_SET_FOCUS) {
-            if (auto* w = wxDynamicCast(evento.GetEventObject(), wxWindow)) AlEnfocar(w);
+            if (auto* w = dynamic_cast<wxWindow*>(evento.GetEventObject())) AlEnfocar(w);
         } else if (tipo == wxEVT_ACTIVATE && static_cast<wxActivateEvent&>(evento).GetActive()) {
             // Al activarse la ventana, GTK avisa del foco del control que lo tiene dentro.
             if (wxWindow* w = wxWindow::FindFocus()) AlEnfocar(w);
         } else if (tipo == wxEVT_DESTROY) {
-            if (auto* w = wxDynamicCast(evento.GetEventObject(), wxWindow)) Olvidar(w);
+            if (auto* w = dynamic_cast<wxWindow*>(evento.GetEventObject())) Olvidar(w);
         }
         return Event_Skip;
     }

@@ -31,7 +31,7 @@ public:
         if (tipo == wxEVT_CHAR_HOOK || tipo == wxEVT_LEFT_DOWN) teclaNueva_ = true;
         if (tipo == wxEVT_SET_FOCUS) {
             // Lo que espera a este control se dice detrás de lo que el lector dice al llegar.
-            auto* w = wxDynamicCast(evento.GetEventObject(), wxWindow);
+            auto* w = dynamic_cast<wxWindow*>(evento.GetEventObject());
             auto it = alEnfocar_.find(w);
             if (it != alEnfocar_.end()) {
                 const wxString texto = it->second;
@@ -39,7 +39,7 @@ public:
                 w->CallAfter([this, w, texto] { Anunciar(w, texto); });
             }
         } else if (tipo == wxEVT_DESTROY) {
-            alEnfocar_.erase(wxDynamicCast(evento.GetEventObject(), wxWindow));
+            alEnfocar_.erase(dynamic_cast<wxWindow*>(evento.GetEventObject()));
         }
         return Event_Skip;
     }

@@ -75,7 +75,7 @@ public:
             wxUnusedVar(v);  // el texto de la ventana no se toca
 #else
             // Sin accesibilidad en wxWidgets, solo en un control sin rótulo visible.
-            if (!wxDynamicCast(w, wxControl)) SetWindowTextW(v, texto.c_str());
+            if (!dynamic_cast<wxControl*>(w)) SetWindowTextW(v, texto.c_str());
 #endif
         };
     }
@@ -87,7 +87,7 @@ public:
         if (tipo == wxEVT_CHAR_HOOK || tipo == wxEVT_LEFT_DOWN) teclaNueva_ = true;
         if (tipo == wxEVT_SET_FOCUS) {
             // Lo que espera a este control se dice detrás de lo que el lector dice al llegar.
-            auto* w = wxDynamicCast(evento.GetEventObject(), wxWindow);
+            auto* w = dynamic_cast<wxWindow*>(evento.GetEventObject());
             auto it = alEnfocar_.find(w);
             if (it != alEnfocar_.end()) {
                 const wxString texto = it->second;
@@ -95,7 +95,7 @@ public:
                 w->CallAfter([this, w, texto] { Anunciar(w, texto); });
             }
         } else if (tipo == wxEVT_DESTROY) {
-            alEnfocar_.erase(wxDynamicCast(evento.GetEventObject(), wxWindow));
+            alEnfocar_.erase(dynamic_cast<wxWindow*>(evento.GetEventObject()));
         }
         return Event_Skip;
     }

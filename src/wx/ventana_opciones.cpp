@@ -169,7 +169,7 @@ void VentanaOpciones::MostrarModal() {
     // Todo pintado y el foco en su sitio antes de mostrarse: el lector dice la ventana y el
     // control con el foco una vez, ya con lo que tienen.
     Refrescar();
-    if (auto* lista = wxDynamicCast(Control(logica_.Foco), wxListBox)) MoverCursor(lista, lista->GetSelection());
+    if (auto* lista = dynamic_cast<wxListBox*>(Control(logica_.Foco))) MoverCursor(lista, lista->GetSelection());
     ShowModal();
 }
 
@@ -253,7 +253,7 @@ void VentanaOpciones::Enfocar() {
 
 void VentanaOpciones::AlFoco(ControlOpciones control, wxWindow* ventana) {
     // La fila que el lector dice al llegar es la elegida, aunque la eligiera la lógica.
-    if (auto* lista = wxDynamicCast(ventana, wxListBox)) MoverCursor(lista, lista->GetSelection());
+    if (auto* lista = dynamic_cast<wxListBox*>(ventana)) MoverCursor(lista, lista->GetSelection());
     if (pintando_ || !logica_.Visible) return;
     const ControlOpciones antes = logica_.Foco;
     logica_.CambiarFoco(control);
@@ -300,10 +300,17 @@ void VentanaOpciones::AlTeclaVentana(wxKeyEvent& e) {
     // Las teclas de acceso: la de un rótulo lleva a su lista, la de un botón lo pulsa.
     const int mods = Modificadores(e);
     const int codigo = CodigoTecla(e);
+    // Salir de la lista de ficheros puede acabar en Aceptar: se decide antes de mover el foco,
+    // para que el lector no diga de paso una lista en la que el foco no se queda.
+    if (logica_.Foco == ControlOpciones::List2_1 && codigo == sabelot::vbKeyTab &&
+        (mods & ~sabelot::vbShiftMask) == 0) {
+        LlevarFoco((mods & sabelot::vbShiftMask) ? ControlOpciones::List2_0 : ControlOpciones::List2_2);
+        return;
+    }
     if (mods == sabelot::vbAltMask && codigo >= sabelot::vbKeyA && codigo <= sabelot::vbKeyZ) {
         for (std::size_t i = 0; i < 5; ++i) {
             if (LetraDeAcceso(rotulos_[i]->GetLabel()) == codigo) {
-                listas_[i]->SetFocus();
+                LlevarFoco(kListas[i]);
                 return;
             }
         }
@@ -317,6 +324,11 @@ void VentanaOpciones::AlTeclaVentana(wxKeyEvent& e) {
         }
     }
     e.Skip();
+}
+
+void VentanaOpciones::LlevarFoco(ControlOpciones destino) {
+    logica_.CambiarFoco(destino);
+    if (logica_.Visible) Refrescar();
 }
 
 void VentanaOpciones::AlElegir(ControlOpciones control, wxCommandEvent& e) {

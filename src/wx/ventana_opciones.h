@@ -51,6 +51,7 @@ private:
     void AlElegir(sabelot::ControlOpciones control, wxCommandEvent& e);
     void AlActivarFila(sabelot::ControlOpciones control);
     void AlTeclaVentana(wxKeyEvent& e);
+    void LlevarFoco(sabelot::ControlOpciones destino);
     void AlPulsar(sabelot::ControlOpciones boton);
     void AlCerrar(wxCloseEvent& e);
 };
