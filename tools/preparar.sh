@@ -4,7 +4,7 @@
 set -euo pipefail
 paquetes=(build-essential cmake pkg-config libwxgtk3.2-dev libgtk-3-dev libsdl2-dev libsdl2-mixer-dev
           libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev xvfb openbox xdotool dbus-x11 at-spi2-core
-          python3-pyatspi x11-utils)
+          python3-pyatspi x11-utils clang-format)
 (($# == 0)) || paquetes=("$@")
 falta=()
 for p in "${paquetes[@]}"; do
