@@ -2,9 +2,9 @@
 // foco, y al recibir el foco un control dice su nombre y su descripción: por ahí se habla.
 //
 // - Un texto se dice por el control que tiene el foco, cambiando su descripción. Si el foco
-//   acaba de llegar, se espera un momento: los lectores miran la descripción un poco después
-//   del aviso de foco, y un cambio pegado a él se oiría dos veces, o ninguna si la ventana ya
-//   no está activa cuando el lector atiende el aviso.
+//   va a llegar, se pone al llegar, antes del aviso de foco de GTK, y el lector lo dice con el
+//   foco. Si acaba de llegar, se espera un momento: los lectores miran la descripción un poco
+//   después del aviso de foco, y un cambio pegado a él se oiría dos veces.
 // - Al recibir el foco, un control al que se le cambió la descripción la vuelve a tener vacía:
 //   volver a él no repite lo que ya se oyó.
 // - Los nombres y descripciones fijos se ponen al mostrarse la ventana, no antes: si el objeto
@@ -178,13 +178,24 @@ private:
     }
 
     void AlEnfocar(wxWindow* w) {
+        // Activarse la ventana y recibir el foco el control llegan los dos: el segundo aviso
+        // del mismo control no es volver a él.
+        const bool vuelve = w != foco_;
         foco_ = w;
         llegada_ = g_get_monotonic_time();
-        if (hablados_.count(w)) {
+        if (vuelve && hablados_.count(w)) {
             // Volver al control no repite lo que ya se dijo por él.
             if (GtkWidget* g = Enfocable(w)) atk_object_set_description(gtk_widget_get_accessible(g), "");
         }
-        if (pendientes_.count(w)) Programar();
+        // Lo que esperaba a este control se pone ya: GTK avisa del foco después, cuando está
+        // libre, y el lector lo dice entonces una sola vez con el foco. Esperar a que se
+        // asiente hacía que un lector lento lo leyera al llegar y otra vez por el cambio.
+        auto it = pendientes_.find(w);
+        if (it != pendientes_.end()) {
+            const std::string texto = it->second;
+            pendientes_.erase(it);
+            Decir(w, texto);
+        }
     }
 
     void Olvidar(wxWindow* w) {
