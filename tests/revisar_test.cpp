@@ -23,7 +23,7 @@ using prueba::Qzf;
 TEST(Revision, ProblemasConSuLinea) {
     const auto ficheros = prueba::FicherosDelCorpus("revision");
     const std::vector<std::string> filas = prueba::LineasDeDatos("revision.txt");
-    ASSERT_EQ(filas.size(), 20u);
+    ASSERT_EQ(filas.size(), 22u);
     ASSERT_EQ(ficheros.size(), filas.size());
     for (const std::string& fila : filas) {
         std::vector<std::string> campos;
@@ -50,7 +50,9 @@ TEST(Revision, ProblemasConSuLinea) {
 TEST(Revision, DemasiadasPreguntas) {
     for (int total : {kMaxPreguntasQzf, kMaxPreguntasQzf + 2}) {
         std::string bytes;
-        for (int i = 1; i <= total; ++i) bytes += "q>P" + std::to_string(i) + "\r\n1>a\r\n2>b\r\na>1\r\n\r\n";
+        for (int i = 1; i <= total; ++i)
+            bytes +=
+                "q>P" + std::to_string(i) + "\r\n1>a\r\n2>b\r\na>" + std::to_string(1 + i % 2) + "\r\n\r\n";
         const RevisionQzf r = RevisarQzf(bytes);
         EXPECT_EQ(total, r.preguntas);
         if (total == kMaxPreguntasQzf) {
@@ -60,6 +62,113 @@ TEST(Revision, DemasiadasPreguntas) {
             EXPECT_EQ(kMaxPreguntasQzf * 5 + 1, r.problemas[0].linea);
             EXPECT_NE(std::string::npos, r.problemas[0].texto.find("32767 preguntas"));
         }
+    }
+}
+
+// Las proporciones de un fichero: cuántas preguntas empiezan igual y dónde cae la buena.
+// Por debajo de kMinParaProporciones preguntables no se juzga.
+TEST(Revision, ProporcionesDeUnFichero) {
+    struct Caso {
+        const char* que;
+        int total;
+        int iguales;                             // las primeras empiezan por "¿Quién escribió"
+        std::vector<std::pair<int, int>> ciclo;  // respuestas y sitio de la buena, en ciclo
+        std::vector<std::pair<int, std::string>> esperados;
+    };
+    const std::vector<std::pair<int, int>> repartidas = {{4, 1}, {4, 2}, {4, 3}, {4, 4}};
+    const Caso casos[] = {
+        {"una de cada cinco justas, buenas repartidas", 40, 8, repartidas, {}},
+        {"una más que la quinta parte",
+         40,
+         9,
+         repartidas,
+         {{1, "«¿Quién escribió» abre 9 de las 40 preguntas"}}},
+        {"pocas preguntas: no se juzga", 39, 39, {{4, 1}}, {}},
+        {"la 1 en el 37 %, la 4 en el 12 %",
+         40,
+         0,
+         {{4, 1}, {4, 2}, {4, 3}, {4, 4}, {4, 1}, {4, 2}, {4, 3}, {4, 1}},
+         {{1,
+           "la respuesta buena es la 1 en 15 de las 40 preguntas que se pueden hacer (38 %), y al azar "
+           "sería hacia el 25 %"},
+          {1, "la 4 en 5 de las 40"}}},
+        {"con tres respuestas no hay cuarta", 60, 0, {{3, 1}, {3, 2}, {3, 3}}, {}},
+        // La 4 solo existe en las de cuatro: el 14 % es justo lo que toca.
+        {"de tres y de cuatro mezcladas",
+         70,
+         0,
+         {{3, 1}, {4, 1}, {3, 2}, {4, 2}, {3, 3}, {4, 3}, {4, 4}},
+         {}},
+    };
+    for (const Caso& c : casos) {
+        std::vector<std::string> lineas;
+        for (int i = 0; i < c.total; ++i) {
+            const auto [respuestas, buena] = c.ciclo[static_cast<std::size_t>(i) % c.ciclo.size()];
+            lineas.push_back(i < c.iguales ? "q>¿Quién escribió el libro " + std::to_string(i) + "?"
+                                           : "q>Pregunta " + std::to_string(i));
+            for (int n = 1; n <= respuestas; ++n)
+                lineas.push_back(std::to_string(n) + ">R" + std::to_string(n));
+            lineas.push_back("a>" + std::to_string(buena));
+            lineas.push_back("");
+        }
+        const RevisionQzf r = RevisarQzf(Qzf(lineas));
+        std::string todos = std::string(c.que) + "\n";
+        for (const auto& p : r.problemas) todos += std::to_string(p.linea) + ": " + p.texto + "\n";
+        ASSERT_EQ(c.esperados.size(), r.problemas.size()) << todos;
+        for (std::size_t i = 0; i < c.esperados.size(); ++i) {
+            EXPECT_EQ(c.esperados[i].first, r.problemas[i].linea) << todos;
+            EXPECT_NE(std::string::npos, r.problemas[i].texto.find(c.esperados[i].second)) << todos;
+        }
+    }
+}
+
+// Varios ficheros juntos: lo repetido de uno a otro va en el segundo y nombra al primero.
+TEST(Revision, FicherosJuntos) {
+    struct Caso {
+        const char* que;
+        std::vector<std::string> primero, segundo;
+        std::vector<std::string> esperados;  // problemas del segundo, "línea: texto"
+    };
+    const std::vector<std::string> base = {
+        "q>¿Quién pintó «Las meninas»?", "1>Goya", "2>Velázquez", "3>El Greco", "a>2", ""};
+    const Caso casos[] = {
+        {"la misma pregunta con otras mayúsculas, tildes, blancos y signos",
+         base,
+         {"q>quien  pinto las Meninas", "1>Sorolla", "2>Velázquez", "a>2", ""},
+         {"1: pregunta repetida: ya está en a.qzf:1"}},
+        {"las mismas respuestas en otro orden, y con otra buena",
+         base,
+         {"q>¿Quién pintó «La maja desnuda»?", "1>goya", "2>el greco", "3>VELÁZQUEZ", "a>1", ""},
+         {"1: tiene las mismas respuestas que la pregunta de a.qzf:1: quien jugó aquella las reconoce"}},
+        {"las dos cosas a la vez",
+         base,
+         base,
+         {"1: pregunta repetida: ya está en a.qzf:1",
+          "1: tiene las mismas respuestas que la pregunta de a.qzf:1"}},
+        {"con dos respuestas coincidir es lo normal",
+         {"q>¿Es el sol una estrella?", "1>Sí", "2>No", "a>1", ""},
+         {"q>¿Es la luna un planeta?", "1>No", "2>Sí", "a>1", ""},
+         {}},
+        {"año no es ano; una respuesta más ya no es el mismo conjunto",
+         {"q>¿Qué año?", "1>Uno", "2>Dos", "3>Tres", "a>1", ""},
+         {"q>¿Qué ano?", "1>Uno", "2>Dos", "3>Tres", "4>Cuatro", "a>1", ""},
+         {}},
+        {"lo repetido dentro del primero solo se dice allí",
+         {base[0], "1>a", "a>1", "", base[0], "1>b", "a>1", ""},
+         {"q>Otra", "1>a", "a>1", ""},
+         {}},
+    };
+    for (const Caso& c : casos) {
+        const std::vector<RevisionQzf> r =
+            RevisarConjunto({{"a.qzf", prueba::Qzf(c.primero)}, {"b.qzf", prueba::Qzf(c.segundo)}});
+        ASSERT_EQ(2u, r.size());
+        std::vector<std::string> dichos;
+        for (const auto& p : r[1].problemas) dichos.push_back(std::to_string(p.linea) + ": " + p.texto);
+        ASSERT_EQ(c.esperados.size(), dichos.size()) << c.que << (dichos.empty() ? "" : "\n" + dichos[0]);
+        for (std::size_t i = 0; i < dichos.size(); ++i)
+            EXPECT_EQ(0u, dichos[i].rfind(c.esperados[i], 0)) << c.que << "\n" << dichos[i];
+        // El primero se revisa igual que si fuera solo.
+        EXPECT_EQ(RevisarQzf(prueba::Qzf(c.primero)).problemas.size(), r[0].problemas.size()) << c.que;
     }
 }
 

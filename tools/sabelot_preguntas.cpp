@@ -1,8 +1,10 @@
-// sabelot-preguntas revisar F.qzf...: dice todo lo que el juego leería mal de cada
-// fichero de preguntas, con su número de línea. Sale con 0 si no hay nada, 1 si hay
-// algo y 2 si la orden está mal escrita.
+// sabelot-preguntas revisar F.qzf|CARPETA...: dice todo lo que el juego leería mal de cada
+// fichero de preguntas, con su número de línea, y lo que se repite de uno a otro. Una
+// carpeta vale por sus .qzf. Sale con 0 si no hay nada, 1 si hay algo y 2 si la orden
+// está mal escrita.
 // sabelot-preguntas convertir ENTRADA [SALIDA.qzf]: pasa un fichero Aiken, GIFT o de
 // OpenTDB a .qzf y dice lo que no pudo convertir. Sale con 1 si algo se quedó fuera.
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -12,17 +14,20 @@
 #include "conversion/convertir.h"
 #include "questions/revision.h"
 #include "storage/canales.h"
-#include "storage/sistema_ficheros.h"
 #include "storage/escritura.h"
+#include "storage/sistema_ficheros.h"
 #include "storage/texto_delimitado.h"
 
 namespace {
 
 void Uso() {
-    std::cerr << "Uso: sabelot-preguntas revisar FICHERO.qzf...\n"
+    std::cerr << "Uso: sabelot-preguntas revisar FICHERO.qzf|CARPETA...\n"
                  "  Revisa ficheros de preguntas: codificación Windows-1252, fines de línea CR LF,\n"
-                 "  preguntas que el juego no puede hacer, repetidas o que se salta al leer.\n"
-                 "     sabelot-preguntas convertir [--formato aiken|gift|opentdb] [--reemplazar] ENTRADA [SALIDA.qzf]\n"
+                 "  preguntas que el juego no puede hacer, repetidas o que se salta al leer, y entre\n"
+                 "  todos los ficheros a la vez, preguntas y respuestas que se repiten. De una\n"
+                 "  carpeta se revisan sus ficheros .qzf.\n"
+                 "     sabelot-preguntas convertir [--formato aiken|gift|opentdb] [--reemplazar] ENTRADA "
+                 "[SALIDA.qzf]\n"
                  "  Convierte preguntas de opción múltiple en Aiken, GIFT o JSON de OpenTDB a .qzf.\n"
                  "  Sin SALIDA se escribe junto a ENTRADA, con la extensión .qzf. Un fichero que ya\n"
                  "  existe solo se sustituye con --reemplazar.\n";
@@ -106,26 +111,57 @@ int Convertir(int argc, char** argv) {
     return r.sinConvertir == 0 ? 0 : 1;
 }
 
-// Falso si no se pudo abrir el fichero.
-bool Revisar(const std::string& nombre) {
-    std::ifstream f(nombre, std::ios::binary);
-    if (!f) {
-        std::cout << nombre << ": no se puede abrir el fichero\n";
-        return false;
+// Los ficheros a revisar, con las carpetas cambiadas por sus .qzf en orden de nombre.
+// Falso si alguna carpeta no tiene ninguno.
+bool Expandir(char** nombres, int cuantos, std::vector<std::string>& ficheros) {
+    sabelot::SistemaFicherosReal sistema;
+    bool bien = true;
+    for (int i = 0; i < cuantos; ++i) {
+        const std::string nombre = nombres[i];
+        if (!sistema.EsCarpeta(nombre)) {
+            ficheros.push_back(nombre);
+            continue;
+        }
+        std::vector<std::string> dentro = sistema.Listar(nombre, ".qzf");
+        std::sort(dentro.begin(), dentro.end());
+        if (dentro.empty()) {
+            std::cout << nombre << ": la carpeta no tiene ningún fichero .qzf\n";
+            bien = false;
+        }
+        const bool conBarra = nombre.back() == '/' || nombre.back() == '\\';
+        for (const std::string& f : dentro) ficheros.push_back(nombre + (conBarra ? "" : "/") + f);
     }
-    std::ostringstream contenido;
-    contenido << f.rdbuf();
-    const sabelot::RevisionQzf r = sabelot::RevisarQzf(contenido.str());
-    for (const auto& p : r.problemas) std::cout << nombre << ":" << p.linea << ": " << p.texto << "\n";
-    std::cout << nombre << ": " << r.preguntas << " preguntas, " << r.preguntables
-              << " se pueden hacer";
-    if (r.problemas.empty()) {
-        std::cout << "; sin problemas\n";
-    } else {
-        std::cout << "; " << r.problemas.size()
-                  << (r.problemas.size() == 1 ? " problema\n" : " problemas\n");
+    return bien;
+}
+
+int RevisarTodos(char** nombres, int cuantos) {
+    std::vector<std::string> todos;
+    bool bien = Expandir(nombres, cuantos, todos);
+    std::vector<sabelot::FicheroQzf> ficheros;
+    for (const std::string& nombre : todos) {
+        std::string bytes;
+        if (Leer(nombre, bytes)) {
+            ficheros.push_back({nombre, bytes});
+        } else {
+            std::cout << nombre << ": no se puede abrir el fichero\n";
+            bien = false;
+        }
     }
-    return r.problemas.empty();
+    const std::vector<sabelot::RevisionQzf> revisiones = sabelot::RevisarConjunto(ficheros);
+    for (std::size_t i = 0; i < ficheros.size(); ++i) {
+        const std::string& nombre = ficheros[i].nombre;
+        const sabelot::RevisionQzf& r = revisiones[i];
+        for (const auto& p : r.problemas) std::cout << nombre << ":" << p.linea << ": " << p.texto << "\n";
+        std::cout << nombre << ": " << r.preguntas << " preguntas, " << r.preguntables << " se pueden hacer";
+        if (r.problemas.empty()) {
+            std::cout << "; sin problemas\n";
+        } else {
+            std::cout << "; " << r.problemas.size()
+                      << (r.problemas.size() == 1 ? " problema\n" : " problemas\n");
+            bien = false;
+        }
+    }
+    return bien ? 0 : 1;
 }
 
 }  // namespace
@@ -136,9 +172,5 @@ int main(int argc, char** argv) {
         Uso();
         return 2;
     }
-    bool bien = true;
-    for (int i = 2; i < argc; ++i) {
-        if (!Revisar(argv[i])) bien = false;
-    }
-    return bien ? 0 : 1;
+    return RevisarTodos(argv + 2, argc - 2);
 }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "questions/registro.h"
+#include "storage/cp1252.h"
 
 namespace sabelot {
 
@@ -73,22 +74,186 @@ bool ByteSinDefinir(unsigned char b) {
 
 std::string Num(int n) { return std::to_string(n); }
 
+// Un byte de control dentro de una línea: el lector de pantalla lo calla, lo deletrea o
+// pita. El tabulador es un blanco más.
+const char* NombreDeControl(unsigned char b) {
+    static const char* const kNombres[] = {"NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL",
+                                           "BS",  "HT",  "LF",  "VT",  "FF",  "CR",  "SO",  "SI",
+                                           "DLE", "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB",
+                                           "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
+    if (b == 0x7F) return "DEL";
+    if (b < 0x20 && b != '\t') return kNombres[b];
+    return nullptr;
+}
+
+// Cómo cuenta una letra de Windows-1252 en una clave: minúscula y sin tilde. Vacío si
+// el byte no es letra ni cifra y solo separa palabras.
+std::string Plegar(unsigned char u) {
+    if ((u >= 'a' && u <= 'z') || (u >= '0' && u <= '9')) return std::string(1, static_cast<char>(u));
+    if (u >= 'A' && u <= 'Z') return std::string(1, static_cast<char>(u + 0x20));
+    if (u == 0xD1 || u == 0xF1) return "\xF1";  // ñ
+    if (u == 0x8A || u == 0x9A) return "s";     // š
+    if (u == 0x8E || u == 0x9E) return "z";     // ž
+    if (u == 0x8C || u == 0x9C) return "oe";    // œ
+    if (u == 0x9F) return "y";                  // Ÿ
+    if (u < 0xC0) return std::string();
+    if (u == 0xD7 || u == 0xF7) return std::string();  // × y ÷
+    if (u == 0xDF) return "ss";
+    // Las letras de C0 a FF van en el mismo orden en mayúscula y en minúscula.
+    static const char* const kBase[] = {"a", "a", "a", "a", "a", "a", "ae", "c", "e",  "e", "e",
+                                        "e", "i", "i", "i", "i", "d", "",   "o", "o",  "o", "o",
+                                        "o", "",  "o", "u", "u", "u", "u",  "y", "th", "y"};
+    return kBase[(u - 0xC0) % 0x20];
+}
+
+// Lo que el juego haría con una pregunta que se puede hacer, para las revisiones que
+// miran varias a la vez.
+struct Hecha {
+    int linea = 0;
+    std::string pregunta;  // en bytes del fichero
+    std::vector<std::string> respuestas;
+    int correcta = 0;
+};
+
+// Las primeras 'n' palabras del texto tal como están escritas, con la puntuación de delante.
+std::string PrimerasPalabras(const std::string& texto, int n) {
+    std::size_t i = 0;
+    int palabras = 0;
+    bool enPalabra = false;
+    for (; i < texto.size(); ++i) {
+        const bool letra = !Plegar(static_cast<unsigned char>(texto[i])).empty();
+        if (letra && !enPalabra && palabras == n) break;
+        if (letra && !enPalabra) ++palabras;
+        enPalabra = letra;
+    }
+    std::size_t fin = i;
+    while (fin > 0 && Plegar(static_cast<unsigned char>(texto[fin - 1])).empty()) --fin;
+    return texto.substr(0, fin);
+}
+
+int Porcentaje(int parte, int total) { return total == 0 ? 0 : (parte * 100 + total / 2) / total; }
+
+// Más de una de cada cinco preguntas con el mismo arranque suena a plantilla.
+void RevisarArranques(const std::vector<Hecha>& hechas, std::vector<ProblemaQzf>& problemas) {
+    const int total = static_cast<int>(hechas.size());
+    if (total < kMinParaProporciones) return;
+    std::map<std::string, std::pair<int, const Hecha*>> arranques;
+    for (const Hecha& h : hechas) {
+        const std::string arranque = ClavePregunta(PrimerasPalabras(h.pregunta, 2));
+        if (arranque.empty()) continue;
+        auto& a = arranques[arranque];
+        if (a.first++ == 0) a.second = &h;
+    }
+    for (const auto& [clave, a] : arranques) {
+        if (a.first * 5 <= total) continue;
+        problemas.push_back({a.second->linea, "«" + Cp1252AUtf8(PrimerasPalabras(a.second->pregunta, 2)) +
+                                                  "» abre " + Num(a.first) + " de las " + Num(total) +
+                                                  " preguntas que se pueden hacer (" +
+                                                  Num(Porcentaje(a.first, total)) +
+                                                  " %), más de una de cada cinco: empiece algunas de "
+                                                  "otro modo"});
+    }
+}
+
+// Si la buena cae mucho más (o mucho menos) en un sitio de lo que daría el azar, quien
+// lo note acierta sin saber. Con cuatro respuestas: más del 35 % o menos del 15 %.
+void RevisarSitiosDeLaBuena(const std::vector<Hecha>& hechas, std::vector<ProblemaQzf>& problemas) {
+    const int total = static_cast<int>(hechas.size());
+    if (total < kMinParaProporciones) return;
+    std::map<int, int> veces;
+    std::map<int, double> esperadas;  // lo que daría el azar en cada sitio
+    for (const Hecha& h : hechas) {
+        ++veces[h.correcta];
+        const int n = static_cast<int>(h.respuestas.size());
+        for (int sitio = 1; sitio <= n; ++sitio) esperadas[sitio] += 1.0 / n;
+    }
+    for (const auto& [sitio, esperada] : esperadas) {
+        if (esperada < 10) continue;  // muy pocas preguntas con tantas respuestas
+        const int real = veces[sitio];
+        if (real <= esperada * 1.4 && real >= esperada * 0.6) continue;
+        problemas.push_back({1, "la respuesta buena es la " + Num(sitio) + " en " + Num(real) + " de las " +
+                                    Num(total) + " preguntas que se pueden hacer (" +
+                                    Num(Porcentaje(real, total)) + " %), y al azar sería hacia el " +
+                                    Num(Porcentaje(static_cast<int>(esperada + 0.5), total)) +
+                                    " %: quien lo note acierta sin saber"});
+    }
+}
+
+// Las respuestas de una pregunta como conjunto, sin orden. Vacío si alguna no da clave.
+std::string ClaveRespuestas(const std::vector<std::string>& respuestas) {
+    std::vector<std::string> claves;
+    for (const std::string& r : respuestas) {
+        claves.push_back(ClavePregunta(r));
+        if (claves.back().empty()) return std::string();
+    }
+    std::sort(claves.begin(), claves.end());
+    std::string clave;
+    for (const std::string& c : claves) clave += c + "\n";
+    return clave;
+}
+
+RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas);
+
 }  // namespace
 
 std::string ClavePregunta(const std::string& pregunta) {
-    std::size_t a = pregunta.find_first_not_of(" \t");
-    if (a == std::string::npos) return std::string();
-    std::size_t b = pregunta.find_last_not_of(" \t");
-    std::string s = pregunta.substr(a, b - a + 1);
-    for (char& c : s) {
-        auto u = static_cast<unsigned char>(c);
-        if ((u >= 'A' && u <= 'Z') || (u >= 0xC0 && u <= 0xDE && u != 0xD7))
-            c = static_cast<char>(u + 0x20);
+    std::string clave;
+    bool blanco = false;
+    for (char c : pregunta) {
+        const std::string letra = Plegar(static_cast<unsigned char>(c));
+        if (letra.empty()) {
+            blanco = !clave.empty();
+            continue;
+        }
+        if (blanco) clave += ' ';
+        blanco = false;
+        clave += letra;
     }
-    return s;
+    return clave;
 }
 
 RevisionQzf RevisarQzf(const std::string& bytes) {
+    std::vector<Hecha> hechas;
+    return Revisar(bytes, hechas);
+}
+
+std::vector<RevisionQzf> RevisarConjunto(const std::vector<FicheroQzf>& ficheros) {
+    std::vector<RevisionQzf> revisiones;
+    std::map<std::string, std::string> preguntas;   // clave -> "nombre:línea" de la primera
+    std::map<std::string, std::string> respuestas;  // ídem, por conjunto de respuestas
+    for (const FicheroQzf& f : ficheros) {
+        std::vector<Hecha> hechas;
+        revisiones.push_back(Revisar(f.bytes, hechas));
+        RevisionQzf& r = revisiones.back();
+        std::map<std::string, std::string> estasPreguntas;
+        std::map<std::string, std::string> estasRespuestas;
+        for (const Hecha& h : hechas) {
+            const std::string donde = f.nombre + ":" + Num(h.linea);
+            const std::string clave = ClavePregunta(h.pregunta);
+            if (auto it = preguntas.find(clave); it != preguntas.end())
+                r.problemas.push_back({h.linea, "pregunta repetida: ya está en " + it->second});
+            estasPreguntas.emplace(clave, donde);
+            // Con dos respuestas (sí o no, verdadero o falso) coincidir es lo normal.
+            const std::string conjunto = ClaveRespuestas(h.respuestas);
+            if (h.respuestas.size() < 3 || conjunto.empty()) continue;
+            if (auto it = respuestas.find(conjunto); it != respuestas.end())
+                r.problemas.push_back({h.linea, "tiene las mismas respuestas que la pregunta de " +
+                                                    it->second +
+                                                    ": quien jugó aquella las reconoce; cambie alguna"});
+            estasRespuestas.emplace(conjunto, donde);
+        }
+        // Dentro del mismo fichero ya se mira la pregunta; las respuestas pueden repetirse.
+        preguntas.insert(estasPreguntas.begin(), estasPreguntas.end());
+        respuestas.insert(estasRespuestas.begin(), estasRespuestas.end());
+        std::stable_sort(r.problemas.begin(), r.problemas.end(),
+                         [](const ProblemaQzf& a, const ProblemaQzf& b) { return a.linea < b.linea; });
+    }
+    return revisiones;
+}
+
+namespace {
+
+RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
     RevisionQzf r;
     auto problema = [&r](int linea, std::string texto) {
         r.problemas.push_back({linea, std::move(texto)});
@@ -116,6 +281,15 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
                     problema(i + 1, std::string("el byte ") + hex + " no existe en Windows-1252");
                     break;
                 }
+            }
+        }
+        for (unsigned char b : l.texto) {
+            if (const char* nombre = NombreDeControl(b)) {
+                char hex[8];
+                std::snprintf(hex, sizeof hex, "%02X", b);
+                problema(i + 1, std::string("la línea lleva el byte de control ") + hex + " (" + nombre +
+                                    "): el lector de pantalla lo calla, lo deletrea o pita");
+                break;
             }
         }
         if (l.fin == FinLinea::Lf) problema(i + 1, "la línea termina en LF y no en CR LF");
@@ -178,6 +352,7 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
         const DefectoRegistro defecto = registro.Defecto();
         if (defecto == DefectoRegistro::Ninguno) {
             ++r.preguntables;
+            hechas.push_back({inicio, registro.Pregunta, registro.Respuestas, registro.IndiceCorrecto});
         } else {
             int donde = (defecto == DefectoRegistro::CorrectaSinNumero ||
                          defecto == DefectoRegistro::CorrectaFueraDeRango)
@@ -207,9 +382,12 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
     }
 
     if (r.preguntas == 0) problema(1, "el fichero no tiene ninguna línea q>");
+    RevisarArranques(hechas, r.problemas);
+    RevisarSitiosDeLaBuena(hechas, r.problemas);
     std::stable_sort(r.problemas.begin(), r.problemas.end(),
                      [](const ProblemaQzf& a, const ProblemaQzf& b) { return a.linea < b.linea; });
     return r;
 }
 
+}  // namespace
 }  // namespace sabelot

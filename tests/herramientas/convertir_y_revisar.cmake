@@ -51,3 +51,20 @@ if(NOT dicho MATCHES "línea 17: tiene 10 respuestas")
   message(FATAL_ERROR "los avisos no llevan su línea: ${dicho}")
 endif()
 orden(2 convertir ${TRABAJO}/no_existe.txt)
+
+# Una carpeta se revisa por sus .qzf, todos juntos: lo que se repite de uno a otro sale
+# en el segundo y nombra al primero. Una carpeta sin ninguno no pasa. (file(WRITE) escribe
+# UTF-8: el texto va sin tildes.)
+file(MAKE_DIRECTORY ${TRABAJO}/banco ${TRABAJO}/sin_qzf)
+file(WRITE ${TRABAJO}/banco/a.qzf "q>Quien pinto Las Meninas?\r\n1>Goya\r\n2>Velazquez\r\na>2\r\n\r\n")
+file(WRITE ${TRABAJO}/banco/b.qzf "q>quien  PINTO las meninas\r\n1>Sorolla\r\n2>Velazquez\r\na>2\r\n\r\n")
+file(WRITE ${TRABAJO}/sin_qzf/notas.txt "nada\n")
+orden(1 revisar ${TRABAJO}/banco)
+if(NOT dicho MATCHES "banco/b.qzf:1: pregunta repetida: ya está en [^\n]*banco/a.qzf:1\n"
+   OR NOT dicho MATCHES "banco/a.qzf: 1 preguntas, 1 se pueden hacer; sin problemas")
+  message(FATAL_ERROR "revisar de una carpeta: ${dicho}")
+endif()
+orden(1 revisar ${TRABAJO}/sin_qzf)
+if(NOT dicho MATCHES "sin_qzf: la carpeta no tiene ningún fichero .qzf" OR dicho MATCHES "vacío")
+  message(FATAL_ERROR "revisar de una carpeta sin .qzf: ${dicho}")
+endif()
