@@ -146,6 +146,9 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
             problema(inicio, "el fichero pasa de " + Num(kMaxPreguntasQzf) +
                                  " preguntas, las que el juego puede contar; pártalo en dos");
         Registro registro(texto);
+        // Como el lector del juego: una línea larga del registro lo deja sin preguntar.
+        int lineaLarga = texto.size() > kMaxLineaQzf ? inicio : 0;
+        if (lineaLarga) registro.MarcarLineaLarga();
 
         if (ClavePregunta(registro.Pregunta).empty()) problema(inicio, "la pregunta está vacía");
         const std::string clave = ClavePregunta(registro.Pregunta);
@@ -173,6 +176,10 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
                 cerrado = true;
                 break;
             }
+            if (siguiente.size() > kMaxLineaQzf && !lineaLarga) {
+                lineaLarga = j + 1;
+                registro.MarcarLineaLarga();
+            }
         }
 
         const DefectoRegistro defecto = registro.Defecto();
@@ -183,6 +190,7 @@ RevisionQzf RevisarQzf(const std::string& bytes) {
                          defecto == DefectoRegistro::CorrectaFueraDeRango)
                             ? lineaCorrecta
                             : inicio;
+            if (defecto == DefectoRegistro::LineaLarga) donde = lineaLarga;
             problema(donde, std::string(TextoDefecto(defecto)) + ": el juego se salta la pregunta "
                             "de la línea " + Num(inicio));
         }
