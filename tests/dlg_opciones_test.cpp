@@ -117,9 +117,22 @@ TEST_F(DlgOpcionesTest, LaListaDeFicherosSeOrdenaSinMayusculasNiAcentos) {
     p.carpeta.Escribir("preguntas/ciencia.QZF", "");
     p.carpeta.Escribir("preguntas/notas.txt", "");
     p.carpeta.Escribir("preguntas/qzf", "");
+#ifndef _WIN32
+    // Nombres que Sabelot.ini no guardaría tal cual no se ofrecen; dos puntos seguidos, sí.
+    Preguntas({"日本", "dos:puntos", "comillas\"dobles", "Historia..antigua"});
+    p.carpeta.Escribir("preguntas/.qzf", "");
+#else
+    Preguntas({"Historia..antigua"});
+#endif
     d.Mostrar();
-    EXPECT_EQ(d.List2[1].List,
-              (std::vector<std::string>{"Ábaco", "Alfa", "beta", "ciencia", "nube", "Ñu", "Oso", "zeta"}));
+    EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"Ábaco", "Alfa", "beta", "ciencia",
+                                                         "Historia..antigua", "nube", "Ñu", "Oso", "zeta"}));
+    // Y el elegido vuelve de Sabelot.ini: el fichero no se toma por roto.
+    ElegirFichero(0, 4);
+    d.Pulsar(C::OKButton);
+    Module1 leido;
+    LeerOpciones(leido, p, canales);
+    EXPECT_EQ(leido.FicheroTema[1], "Historia..antigua");
 }
 
 TEST_F(DlgOpcionesTest, AceptarEnSeguidaLaPrimeraVez) {
