@@ -340,7 +340,7 @@ std::vector<Rota> PartidasRotas() {
 
 TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
     const std::vector<Rota> rotas = PartidasRotas();
-    ASSERT_EQ(rotas.size(), 66u);
+    ASSERT_EQ(rotas.size(), 68u);
     for (const Rota& rota : rotas) {
         JuegoPrueba jp;
         PartidaEnJuego(jp);
