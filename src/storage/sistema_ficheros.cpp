@@ -212,7 +212,9 @@ std::unique_ptr<Fichero> SistemaFicherosReal::Abrir(const std::string& ruta, int
         error = kErrorNoExiste;
         return nullptr;
     }
-    if (fs::is_directory(p, ec)) {
+    // Una carpeta, una tubería o un dispositivo no son ficheros del juego: abrir una tubería
+    // dejaría el juego esperando.
+    if (!fs::is_regular_file(p, ec)) {
         error = 75;  // ruta o fichero no accesible
         return nullptr;
     }
