@@ -15,6 +15,7 @@
 #include "comun/estado.h"
 #include "comun/plataforma.h"
 #include "questions/dialog1.h"
+#include "questions/registro.h"
 #include "storage/canales.h"
 #include "plataforma_muda.h"
 
@@ -185,6 +186,14 @@ void UnGibSinSaltos(benchmark::State& state) {
     FicheroRaro(state, "gib", [](std::ofstream& f) { f << "q>"; }, std::uintmax_t{1} << 30);
 }
 BENCHMARK(UnGibSinSaltos)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+// El mayor fichero que se abre, sin un salto de línea: se recorre entero en cada pasada y la
+// memoria sigue sin pasar de una línea y el almacén de lectura.
+void ElMayorSinSaltos(benchmark::State& state) {
+    FicheroRaro(
+        state, "mayor", [](std::ofstream& f) { f << "q>"; }, static_cast<std::uintmax_t>(kMaxFicheroQzf));
+}
+BENCHMARK(ElMayorSinSaltos)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 // La misma pasada con std::getline, para ver cuánto pesa la capa de ficheros.
 void PasadaGetline(benchmark::State& state) {

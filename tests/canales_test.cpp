@@ -1,4 +1,11 @@
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "apoyo/plataforma_guion.h"
 #include "storage/canales.h"
@@ -34,6 +41,40 @@ TEST(Canales, LeeLineasYPosicionesDesdeUno) {
     EXPECT_FALSE(canales.Abierto(3));
 }
 
+// Una línea de más de kMaxLinea bytes llega cortada y marcada, y la siguiente se lee bien; un
+// CR LF partido entre dos trozos del almacén de lectura (64 KiB) es un solo fin de línea.
+TEST(Canales, LineasLargasSeCortanYSeSigue) {
+    const std::size_t trozo = 64 * 1024;
+    std::vector<std::pair<std::string, std::string>> lineas = {{std::string(kMaxLinea + 1, 'a'), "\r\n"},
+                                                               {"corta", "\r\n"}};
+    std::size_t antes = kMaxLinea + 1 + 2 + 7;
+    for (; antes + 1000 < trozo - 1; antes += 1000) lineas.push_back({std::string(998, 'r'), "\r\n"});
+    lineas.push_back({std::string(trozo - 1 - antes, 'b'), "\r\n"});
+    lineas.push_back({std::string(3 * trozo, 'c'), "\n"});
+    lineas.push_back({"fin", ""});
+    std::string bytes;
+    for (const auto& [texto, fin] : lineas) bytes += texto + fin;
+    ASSERT_EQ(bytes.substr(trozo - 1, 2), "\r\n");
+    CarpetaTemporal c;
+    c.Escribir("a.txt", bytes);
+    SistemaFicherosReal fs;
+    Canales canales(fs);
+    ASSERT_EQ(0, canales.Abrir(1, Ruta(c.Ruta(), {"a.txt"})));
+    Fichero* f = canales.Get(1);
+    std::int64_t posicion = 1;
+    std::string l;
+    for (std::size_t n = 0; n < lineas.size(); ++n) {
+        const std::string& texto = lineas[n].first;
+        posicion += static_cast<std::int64_t>(texto.size() + lineas[n].second.size());
+        ASSERT_TRUE(f->LeerLinea(l)) << n;
+        EXPECT_TRUE(l == texto.substr(0, kMaxLinea)) << n << ": " << l.size() << " bytes";
+        EXPECT_EQ(texto.size() > kMaxLinea, f->LineaLarga()) << n;
+        EXPECT_EQ(posicion, f->Posicion()) << n;
+        EXPECT_LE(l.capacity(), 2 * kMaxLinea) << n << ": se guardó más que una línea";
+    }
+    EXPECT_FALSE(f->LeerLinea(l));
+}
+
 TEST(Canales, ErroresDeApertura) {
     CarpetaTemporal c;
     SistemaFicherosReal fs;
@@ -42,6 +83,14 @@ TEST(Canales, ErroresDeApertura) {
     c.Escribir("a.txt", "x");
     EXPECT_NE(0, canales.Abrir(0, Ruta(c.Ruta(), {"a.txt"})));
     EXPECT_FALSE(canales.Abierto(0));
+    // Lo que no es un fichero corriente no se abre: una tubería dejaría el juego esperando.
+    c.CrearCarpeta("carpeta.qzf");
+    EXPECT_EQ(75, canales.Abrir(1, Ruta(c.Ruta(), {"carpeta.qzf"})));
+#ifndef _WIN32
+    ASSERT_EQ(0, mkfifo(Ruta(c.Ruta(), {"tuberia.qzf"}).c_str(), 0644));
+    EXPECT_EQ(75, canales.Abrir(1, Ruta(c.Ruta(), {"tuberia.qzf"})));
+#endif
+    EXPECT_FALSE(canales.Abierto(1));
 }
 
 TEST(Cp1252, IdaYVuelta) {

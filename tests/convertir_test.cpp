@@ -29,7 +29,7 @@ std::vector<std::string> Campos(const std::string& fila) {
 
 TEST(Convertir, FicherosDeCadaFormato) {
     const std::vector<std::string> filas = prueba::LineasDeDatos("convertir.txt");
-    ASSERT_EQ(9u, filas.size());
+    ASSERT_EQ(10u, filas.size());
     for (const std::string& fila : filas) {
         const std::vector<std::string> c = Campos(fila);
         ASSERT_GE(c.size(), 4u) << fila;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 
 #include "apoyo/ficheros_averiados.h"
@@ -116,9 +117,22 @@ TEST_F(DlgOpcionesTest, LaListaDeFicherosSeOrdenaSinMayusculasNiAcentos) {
     p.carpeta.Escribir("preguntas/ciencia.QZF", "");
     p.carpeta.Escribir("preguntas/notas.txt", "");
     p.carpeta.Escribir("preguntas/qzf", "");
+#ifndef _WIN32
+    // Nombres que Sabelot.ini no guardaría tal cual no se ofrecen; dos puntos seguidos, sí.
+    Preguntas({"日本", "dos:puntos", "comillas\"dobles", "Historia..antigua"});
+    p.carpeta.Escribir("preguntas/.qzf", "");
+#else
+    Preguntas({"Historia..antigua"});
+#endif
     d.Mostrar();
-    EXPECT_EQ(d.List2[1].List,
-              (std::vector<std::string>{"Ábaco", "Alfa", "beta", "ciencia", "nube", "Ñu", "Oso", "zeta"}));
+    EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"Ábaco", "Alfa", "beta", "ciencia",
+                                                         "Historia..antigua", "nube", "Ñu", "Oso", "zeta"}));
+    // Y el elegido vuelve de Sabelot.ini: el fichero no se toma por roto.
+    ElegirFichero(0, 4);
+    d.Pulsar(C::OKButton);
+    Module1 leido;
+    LeerOpciones(leido, p, canales);
+    EXPECT_EQ(leido.FicheroTema[1], "Historia..antigua");
 }
 
 TEST_F(DlgOpcionesTest, AceptarEnSeguidaLaPrimeraVez) {
@@ -329,6 +343,8 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
         {"Cine\tnegro", kLetras},
         {"Cine\r\nnegro", kLetras},
         {"Cine \"negro\"", "La etiqueta no puede llevar comillas dobles. Escriba otra."},
+        // Se dice en cada casilla; una más larga haría que Sabelot.ini se tomara por roto.
+        {std::string(61, 'x'), "La etiqueta es demasiado larga: escriba una de 60 letras como mucho."},
     };
     for (const auto& [mala, aviso] : rechazadas) {
         SCOPED_TRACE(mala);
@@ -354,6 +370,17 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
         EXPECT_EQ(Etiquetas()[0], "Cine €ñ");
         d.Pulsar(C::CancelButton);
     }
+    // 60 letras caben aunque sean 120 bytes en UTF-8, y vuelven iguales de Sabelot.ini.
+    std::string sesenta;
+    for (int i = 0; i < 60; ++i) sesenta += "ñ";
+    p.mensajes.clear();
+    d.Mostrar();
+    Etiqueta(0, "  " + sesenta + "  ");
+    EXPECT_TRUE(p.mensajes.empty());
+    d.Pulsar(C::OKButton);
+    Module1 leido;
+    LeerOpciones(leido, p, canales);
+    EXPECT_EQ(leido.EtiquetaTema[1], sesenta + " ");
 }
 
 TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
@@ -633,28 +660,41 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
     EXPECT_NE(Ini(), antes);
 }
 
+// Una carpeta donde no se puede escribir nada, o un Sabelot.ini que el jugador protegió.
 TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
-    PlataformaGuion p;
-    p.carpeta.Escribir("preguntas/cine.qzf", Qzf({"q>x", "1>y", "a>1"}));
-    // Una carpeta donde no se puede escribir nada.
-    FicherosAveriados soloLectura(p.Ficheros());
-    soloLectura.fallaCrear = true;
-    soloLectura.fallaRenombrar = true;
-    p.ficheros = &soloLectura;
-    Module1 m;
-    Canales canales(p.Ficheros());
-    DlgOpciones d(m, p, canales);
-    d.Mostrar();
-    d.Tecla(C::List1_0, kAbajo, 0);
-    d.Pulsar(C::OKButton);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto,
-              "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
-              "próxima vez que abra el juego volverán las anteriores.");
-    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
-    EXPECT_FALSE(d.Visible);
-    EXPECT_EQ(m.NumJugadores, 2);
-    EXPECT_FALSE(p.carpeta.Existe("Sabelot.ini"));
+    for (const bool protegido : {false, true}) {
+        PlataformaGuion p;
+        p.carpeta.Escribir("preguntas/cine.qzf", Qzf({"q>x", "1>y", "a>1"}));
+        FicherosAveriados soloLectura(p.Ficheros());
+        soloLectura.fallaCrear = !protegido;
+        soloLectura.fallaRenombrar = !protegido;
+        p.ficheros = &soloLectura;
+        const std::string ini = "1,6\r\n\"cine\",\"Cine \",1\r\n";
+        if (protegido) {
+            p.carpeta.Escribir("Sabelot.ini", ini);
+            std::filesystem::permissions(p.carpeta.Ruta() + "/Sabelot.ini",
+                                         std::filesystem::perms::owner_read |
+                                             std::filesystem::perms::group_read |
+                                             std::filesystem::perms::others_read);
+        }
+        Module1 m;
+        Canales canales(p.Ficheros());
+        DlgOpciones d(m, p, canales);
+        d.Mostrar();
+        d.Tecla(C::List1_0, kAbajo, 0);
+        d.Pulsar(C::OKButton);
+        ASSERT_EQ(p.mensajes.size(), 1u) << protegido;
+        EXPECT_EQ(
+            p.mensajes[0].texto,
+            "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
+            "próxima vez que abra el juego volverán las anteriores.");
+        EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+        EXPECT_FALSE(d.Visible);
+        EXPECT_EQ(m.NumJugadores, 2);
+        EXPECT_EQ(p.carpeta.Existe("Sabelot.ini") ? p.carpeta.Leer("Sabelot.ini") : "", protegido ? ini : "");
+        EXPECT_EQ(p.Ficheros().Listar(p.carpeta.Ruta(), "").size(), protegido ? 1u : 0u)
+            << "quedó algo de paso";
+    }
 }
 
 // --- Desde la ventana principal, con Control+O ---

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -50,31 +51,41 @@ TEST_F(Escritura, CadaFalloDejaElFicheroAnteriorYNadaMas) {
     }
 }
 
-TEST_F(Escritura, DosCopiasDelJuegoALaVezDejanElFicheroEnteroDeUnaYLasDosSabenQueGuardaron) {
-    c.Escribir("partida.sav", "vieja");
-    FicherosAveriados lenta(real);
-    bool otra = false;
-    // A mitad de escribir la primera, la otra copia guarda entera.
-    lenta.aMitadDeEscribir = [&] { otra = EscribirDeUnaVez(real, Destino(), "de la otra copia"); };
-    const bool una = EscribirDeUnaVez(lenta, Destino(), "de la primera copia");
-    EXPECT_TRUE(una);
-    EXPECT_TRUE(otra);
-    EXPECT_EQ(c.Leer("partida.sav"), "de la primera copia");
-    EXPECT_EQ(Nombres(c), std::vector<std::string>{"partida.sav"});
-}
-
 #ifndef _WIN32
-TEST_F(Escritura, UnEnlaceOUnFicheroConElNombreDePasoDeAntesNoSeSiguenNiSeTocan) {
-    CarpetaTemporal fuera;
-    fuera.Escribir("importante.txt", "no tocar");
-    fs::create_symlink(Ruta(fuera.Ruta(), {"importante.txt"}), Ruta(c.Ruta(), {"partida.sav.tmp"}));
-    c.Escribir("Sabelot.ini.tmp", "de otro");
-    ASSERT_TRUE(EscribirDeUnaVez(real, Destino(), "nueva"));
-    ASSERT_TRUE(EscribirDeUnaVez(real, Ruta(c.Ruta(), {"Sabelot.ini"}), "opciones"));
-    EXPECT_EQ(fuera.Leer("importante.txt"), "no tocar");
-    EXPECT_EQ(c.Leer("Sabelot.ini.tmp"), "de otro");
-    EXPECT_FALSE(fs::is_symlink(Destino())) << "la partida es un fichero, no un enlace";
-    EXPECT_EQ(c.Leer("partida.sav"), "nueva");
+// Lo que ya ocupa el nombre de paso (un enlace puesto por otro, uno que no lleva a nada, un
+// fichero o una carpeta) no se sigue ni se toca: se escribe con otro nombre. Con la misma
+// semilla, el primer nombre de paso se sabe de antemano.
+TEST_F(Escritura, LoQueOcupaElNombreDePasoNoSeSigueNiSeToca) {
+    constexpr std::uint64_t kSemilla = 1234;
+    std::string paso;
+    {
+        SistemaFicherosReal adivino(kSemilla);
+        ASSERT_TRUE(adivino.CrearJunto(Destino(), paso)->Cerrar());
+        fs::remove(paso);
+    }
+    enum Ocupante { kEnlace, kEnlaceANada, kFichero, kCarpeta };
+    for (Ocupante o : {kEnlace, kEnlaceANada, kFichero, kCarpeta}) {
+        CarpetaTemporal fuera;
+        fuera.Escribir("importante.txt", "no tocar");
+        const std::string nuevoFuera = Ruta(fuera.Ruta(), {"nuevo.txt"});
+        c.Escribir("partida.sav", "vieja");
+        if (o == kEnlace) fs::create_symlink(Ruta(fuera.Ruta(), {"importante.txt"}), paso);
+        if (o == kEnlaceANada) fs::create_symlink(nuevoFuera, paso);
+        if (o == kFichero) c.Escribir(fs::path(paso).filename().string(), "de otro");
+        if (o == kCarpeta) fs::create_directory(paso);
+
+        SistemaFicherosReal conSemilla(kSemilla);
+        ASSERT_TRUE(EscribirDeUnaVez(conSemilla, Destino(), "nueva")) << o;
+        EXPECT_EQ(c.Leer("partida.sav"), "nueva") << o;
+        EXPECT_FALSE(fs::is_symlink(Destino())) << o << ": la partida es un fichero, no un enlace";
+        EXPECT_EQ(fuera.Leer("importante.txt"), "no tocar") << o;
+        EXPECT_FALSE(fs::exists(nuevoFuera)) << o << ": se creó un fichero fuera de la carpeta";
+        if (o == kFichero) {
+            EXPECT_EQ(c.Leer(fs::path(paso).filename().string()), "de otro");
+        }
+        EXPECT_EQ(Nombres(c).size(), 2u) << o << ": solo la partida y lo que ya estaba";
+        fs::remove_all(paso);
+    }
 }
 
 TEST_F(Escritura, UnFicheroProtegidoNoSeReemplazaYLosPermisosSeConservan) {

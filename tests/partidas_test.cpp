@@ -15,6 +15,7 @@
 #include "apoyo/ficheros_averiados.h"
 #include "apoyo/juego_prueba.h"
 #include "storage/cp1252.h"
+#include "storage/partidas.h"
 
 namespace sabelot {
 namespace {
@@ -339,7 +340,7 @@ std::vector<Rota> PartidasRotas() {
 
 TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
     const std::vector<Rota> rotas = PartidasRotas();
-    ASSERT_EQ(rotas.size(), 66u);
+    ASSERT_EQ(rotas.size(), 68u);
     for (const Rota& rota : rotas) {
         JuegoPrueba jp;
         PartidaEnJuego(jp);
@@ -445,6 +446,40 @@ TEST(Partidas, SiNoSePuedeEscribirSeAvisaYSePuedeGuardarConOtroNombre) {
         EXPECT_EQ(0u, jp.p.carpeta.Leer("otra.sav").find("3,5,3\r\n"));
         EXPECT_EQ(antes, Foto(jp));
         std::filesystem::permissions(ruta, std::filesystem::perms::owner_all);
+    }
+}
+
+// Otra copia del juego guarda con el mismo nombre mientras esta escribe: queda entera la partida
+// de una de las dos, sin ficheros de paso, y a cada una se le dice lo que de verdad pasó.
+TEST(Partidas, DosCopiasGuardanALaVezYCadaUnaOyeLoQuePaso) {
+    for (const bool primeraFalla : {false, true}) {
+        SistemaFicherosReal real;
+        FicherosAveriados averiados(real);
+        JuegoPrueba jp;
+        jp.p.ficheros = &averiados;
+        jp.juego = std::make_unique<Juego>(jp.p);
+        PartidaEnJuego(jp);
+        const std::string ruta = Ruta(jp.p.carpeta.Ruta(), {"comun.sav"});
+        bool otraGuardo = false;
+        averiados.aMitadDeEscribir = [&] {
+            otraGuardo = EscribirPartida(real, ruta, kEjemplo);
+            averiados.fallaRenombrar = primeraFalla;
+        };
+        jp.p.textos = {"comun", ""};
+        jp.f().GuardarPartida();
+        EXPECT_TRUE(otraGuardo);
+        EXPECT_EQ(primeraFalla ? "Cancelado" : "PARTIDA GUARDADA", jp.f().Texto1());
+        EXPECT_EQ(
+            primeraFalla ? std::vector<std::string>{kErrorGuardar + kOtroNombre} : std::vector<std::string>{},
+            jp.p.TextosMensajes());
+        EXPECT_EQ(std::vector<std::string>{"comun.sav"}, FicherosDeLaCarpeta(jp));
+
+        averiados.aMitadDeEscribir = nullptr;
+        jp.p.mensajes.clear();
+        jp.p.textos = {"comun"};
+        jp.f().CargarPartida();
+        EXPECT_TRUE(jp.p.mensajes.empty()) << primeraFalla;
+        EXPECT_EQ(primeraFalla ? 2 : 3, jp.m().NumJugadores);
     }
 }
 

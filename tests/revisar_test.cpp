@@ -175,14 +175,20 @@ TEST(Revision, FicherosJuntos) {
 // La revisión y el juego cuentan igual las preguntas que se pueden hacer: el lector
 // saca exactamente esas antes de dar la vuelta al mazo.
 TEST(RevisionYLector, DicenLoMismo) {
-    const std::string bytes =
+    const std::string resto =
         Qzf({"Encabezado", "q>P1", "1>a", "a>1", "", "q>Mala1", "1>a", "", "q>P2", "1>a", "2>b",
              "a>2", "c>Comentario", "q>P3 tragada", "1>a", "a>1", "", "q>Mala2", "a>1", "",
              "q>P4", "1>a", "a>7", "", "q>P5", "1>a", "a>1 ok", "q>P6 pegada", "1>a", "a>1", "",
              "q>Mala3", "c>x"});
+    // Delante, una pregunta con una línea de más de 4096 bytes: ninguno de los dos la hace.
+    const std::string bytes = Qzf({"q>Larga", "1>" + std::string(5000, 'x'), "a>1", ""}) + resto;
     RevisionQzf r = RevisarQzf(bytes);
-    EXPECT_EQ(9, r.preguntas);
+    EXPECT_EQ(10, r.preguntas);
     EXPECT_EQ(5, r.preguntables);
+    ASSERT_FALSE(r.problemas.empty());
+    EXPECT_EQ(2, r.problemas[0].linea);
+    EXPECT_EQ("una de sus líneas pasa de 4096 bytes: el juego se salta la pregunta de la línea 1",
+              r.problemas[0].texto);
 
     prueba::PlataformaGuion p;
     Module1 m;

@@ -77,7 +77,7 @@ int Convertir(int argc, char** argv) {
             salida.erase(punto);
         salida += ".qzf";
     }
-    if (salida == entrada) {
+    if (salida == entrada || sabelot::MismoFichero(salida, entrada)) {
         std::cerr << entrada << ": la salida no puede ser el mismo fichero que la entrada\n";
         return 2;
     }

@@ -160,7 +160,12 @@ void DlgOpciones::LlenarListaFicheros() {
     List2[1].ListIndex = -1;
     const std::string carpeta = Ruta(p_.CarpetaPrograma(), {"preguntas"});
     for (const std::string& nombre : p_.Ficheros().Listar(carpeta, ".qzf")) {
-        List2[1].AddItem(nombre.substr(0, nombre.size() - 4));
+        // Solo los nombres que Sabelot.ini y las partidas guardan tal cual: con otro, el juego
+        // tomaría el fichero por roto o no encontraría la pregunta al volver a abrirse.
+        const std::string base = nombre.substr(0, nombre.size() - 4);
+        bool perdido = false;
+        Utf8ACp1252(base, &perdido);
+        if (!base.empty() && !perdido && NombreDeFicheroValido(base)) List2[1].AddItem(base);
     }
 }
 

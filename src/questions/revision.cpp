@@ -320,6 +320,9 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
             problema(inicio, "el fichero pasa de " + Num(kMaxPreguntasQzf) +
                                  " preguntas, las que el juego puede contar; pártalo en dos");
         Registro registro(texto);
+        // Como el lector del juego: una línea larga del registro lo deja sin preguntar.
+        int lineaLarga = texto.size() > kMaxLineaQzf ? inicio : 0;
+        if (lineaLarga) registro.MarcarLineaLarga();
 
         if (ClavePregunta(registro.Pregunta).empty()) problema(inicio, "la pregunta está vacía");
         const std::string clave = ClavePregunta(registro.Pregunta);
@@ -347,6 +350,10 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
                 cerrado = true;
                 break;
             }
+            if (siguiente.size() > kMaxLineaQzf && !lineaLarga) {
+                lineaLarga = j + 1;
+                registro.MarcarLineaLarga();
+            }
         }
 
         const DefectoRegistro defecto = registro.Defecto();
@@ -358,6 +365,7 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
                          defecto == DefectoRegistro::CorrectaFueraDeRango)
                             ? lineaCorrecta
                             : inicio;
+            if (defecto == DefectoRegistro::LineaLarga) donde = lineaLarga;
             problema(donde, std::string(TextoDefecto(defecto)) + ": el juego se salta la pregunta "
                             "de la línea " + Num(inicio));
         }

@@ -26,8 +26,9 @@ bool EtiquetaValida(const std::string& etiqueta) {
 }
 
 bool NombreDeFicheroValido(const std::string& nombre) {
-    // Un nombre de fichero corriente: ni carpetas, ni el de arriba, ni de otro disco.
-    if (nombre.size() > 200 || nombre == "." || nombre == ".." || nombre.find("..") != std::string::npos) return false;
+    // Un nombre de fichero corriente: ni carpetas, ni el de arriba, ni de otro disco. Sin
+    // separadores, "Historia..antigua" no sale de la carpeta y es un nombre como otro.
+    if (nombre.size() > 200 || nombre == "." || nombre == "..") return false;
     for (unsigned char c : nombre) {
         if (c < 0x20 || c == 0x7F || c == '/' || c == '\\' || c == ':' || c == '"' || c == '*' || c == '?' ||
             c == '<' || c == '>' || c == '|')

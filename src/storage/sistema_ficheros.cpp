@@ -152,12 +152,17 @@ private:
     }
 };
 
-// Un nombre al azar para el fichero nuevo: con el de la partida delante, para reconocerlo.
-std::string NombreNuevo(const fs::path& destino, std::mt19937_64& azar) {
+// Un nombre al azar para el fichero nuevo, oculto y con el del destino delante para
+// reconocerlo. Se compone como ruta y no como texto: en Windows, un nombre con letras fuera
+// de la página de códigos no pasa por ella.
+fs::path NombreNuevo(const fs::path& destino, std::mt19937_64& azar) {
     static const char kLetras[] = "abcdefghijklmnopqrstuvwxyz0123456789";
-    std::string s = "." + destino.filename().string() + ".";
-    for (int i = 0; i < 10; ++i) s += kLetras[azar() % (sizeof kLetras - 1)];
-    return s;
+    std::string sufijo = ".";
+    for (int i = 0; i < 10; ++i) sufijo += kLetras[azar() % (sizeof kLetras - 1)];
+    fs::path nombre(".");
+    nombre += destino.filename();
+    nombre += sufijo;
+    return destino.parent_path() / nombre;
 }
 
 }  // namespace
@@ -207,7 +212,9 @@ std::unique_ptr<Fichero> SistemaFicherosReal::Abrir(const std::string& ruta, int
         error = kErrorNoExiste;
         return nullptr;
     }
-    if (fs::is_directory(p, ec)) {
+    // Una carpeta, una tubería o un dispositivo no son ficheros del juego: abrir una tubería
+    // dejaría el juego esperando.
+    if (!fs::is_regular_file(p, ec)) {
         error = 75;  // ruta o fichero no accesible
         return nullptr;
     }
@@ -225,9 +232,8 @@ std::unique_ptr<Fichero> SistemaFicherosReal::Abrir(const std::string& ruta, int
 
 std::unique_ptr<Fichero> SistemaFicherosReal::CrearJunto(const std::string& destino, std::string& ruta) {
     const fs::path d = RutaNativa(destino);
-    static std::mt19937_64 azar{std::random_device{}()};
     for (int intento = 0; intento < 100; ++intento) {
-        const fs::path p = d.parent_path() / NombreNuevo(d, azar);
+        const fs::path p = NombreNuevo(d, azar_);
         // Crear en exclusiva: si algo ya tiene ese nombre (otro fichero, un enlace), falla.
 #ifdef _WIN32
         const int fd = _wopen(p.c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY, _S_IREAD | _S_IWRITE);
@@ -300,6 +306,13 @@ bool SistemaFicherosReal::Renombrar(const std::string& de, const std::string& a)
 bool SistemaFicherosReal::Borrar(const std::string& ruta) {
     std::error_code ec;
     return fs::remove(RutaNativa(ruta), ec);
+}
+
+bool MismoFichero(const std::string& a, const std::string& b) {
+    // Por la identidad del fichero (dispositivo e inodo; en Windows, su índice), no por el texto.
+    std::error_code ec;
+    const bool mismo = fs::equivalent(RutaNativa(a), RutaNativa(b), ec);
+    return !ec && mismo;
 }
 
 }  // namespace sabelot

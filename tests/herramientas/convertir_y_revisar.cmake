@@ -68,3 +68,25 @@ orden(1 revisar ${TRABAJO}/sin_qzf)
 if(NOT dicho MATCHES "sin_qzf: la carpeta no tiene ningún fichero .qzf" OR dicho MATCHES "vacío")
   message(FATAL_ERROR "revisar de una carpeta sin .qzf: ${dicho}")
 endif()
+
+# La entrada no se pierde aunque la salida la nombre de otra manera: con "./", por un enlace o
+# por otro nombre del mismo fichero.
+file(COPY ${DATOS}/aiken_bueno.txt DESTINATION ${TRABAJO}/misma)
+file(SHA256 ${TRABAJO}/misma/aiken_bueno.txt antes)
+file(CREATE_LINK ${TRABAJO}/misma/aiken_bueno.txt ${TRABAJO}/misma/enlace.qzf SYMBOLIC)
+file(CREATE_LINK ${TRABAJO}/misma/aiken_bueno.txt ${TRABAJO}/misma/otro_nombre.qzf)
+foreach(salida misma/./aiken_bueno.txt misma//aiken_bueno.txt misma/../misma/aiken_bueno.txt misma/enlace.qzf
+               misma/otro_nombre.qzf)
+  orden(2 convertir ${TRABAJO}/misma/aiken_bueno.txt ${TRABAJO}/${salida} --reemplazar)
+  file(SHA256 ${TRABAJO}/misma/aiken_bueno.txt despues)
+  if(NOT antes STREQUAL despues OR NOT dicho MATCHES "la salida no puede ser el mismo fichero que la entrada")
+    message(FATAL_ERROR "convertir sobre ${salida} tocó la entrada o no dijo por qué: ${dicho}")
+  endif()
+endforeach()
+
+# Un número que no cabe en ningún sitio del JSON: se dice y se sale con 1, sin abortar.
+file(WRITE ${TRABAJO}/desbordado.json "1e999999")
+orden(1 convertir ${TRABAJO}/desbordado.json)
+if(NOT dicho MATCHES "línea 1: el número 1e999999 está fuera de rango" OR EXISTS ${TRABAJO}/desbordado.qzf)
+  message(FATAL_ERROR "1e999999: ${dicho}")
+endif()

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <exception>
 #include <map>
 #include <set>
 
@@ -424,15 +425,45 @@ std::size_t LugarCorrecta(const std::string& pregunta, std::size_t n) {
     return h % n;
 }
 
+// Una pasada que solo busca el primer error del JSON y dónde está, sin lanzar nada: el lector
+// de nlohmann lanza otra excepción, no la de sintaxis, con un número que no cabe (1e999999).
+class ErrorJson : public nlohmann::json_sax<nlohmann::json> {
+public:
+    std::size_t byte = 0;
+    std::string texto;
+
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(number_integer_t) override { return true; }
+    bool number_unsigned(number_unsigned_t) override { return true; }
+    bool number_float(number_float_t, const string_t&) override { return true; }
+    bool string(string_t&) override { return true; }
+    bool binary(binary_t&) override { return true; }
+    bool start_object(std::size_t) override { return true; }
+    bool key(string_t&) override { return true; }
+    bool end_object() override { return true; }
+    bool start_array(std::size_t) override { return true; }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t posicion, const std::string& ficha,
+                     const nlohmann::json::exception& error) override {
+        byte = posicion;
+        texto = "el JSON no es válido";
+        // 406: un número fuera de lo que cabe en un double.
+        if (error.id == 406) texto = "el número " + ficha.substr(0, 40) + " está fuera de rango: " + texto;
+        return false;
+    }
+};
+
 void ConvertirOpenTdb(const std::string& texto, Escritor& e) {
+    ErrorJson error;
     nlohmann::json j;
-    try {
-        j = nlohmann::json::parse(texto);
-    } catch (const nlohmann::json::parse_error& error) {
+    if (nlohmann::json::sax_parse(texto, &error)) j = nlohmann::json::parse(texto, nullptr, false);
+    if (j.is_discarded() || !error.texto.empty()) {
         std::size_t linea = 1;
         for (std::size_t k = 0; k < error.byte && k < texto.size(); ++k)
             if (texto[k] == '\n') ++linea;
-        e.Rechazar("línea " + Num(static_cast<long long>(linea)), "el JSON no es válido");
+        e.Rechazar("línea " + Num(static_cast<long long>(linea)),
+                   error.texto.empty() ? "el JSON no es válido" : error.texto);
         return;
     }
     if (!j.is_object() || !j.contains("results") || !j["results"].is_array()) {
@@ -516,10 +547,23 @@ ResultadoConversion Convertir(FormatoEntrada formato, const std::string& bytes) 
     ResultadoConversion r;
     Escritor e(r);
     const std::string texto = EnUtf8(bytes);
-    switch (formato) {
-        case FormatoEntrada::Aiken: ConvertirAiken(texto, e); break;
-        case FormatoEntrada::Gift: ConvertirGift(texto, e); break;
-        case FormatoEntrada::OpenTdb: ConvertirOpenTdb(texto, e); break;
+    // Nada de lo que venga en el fichero debe tumbar la orden: lo que se escape, se dice.
+    try {
+        switch (formato) {
+            case FormatoEntrada::Aiken:
+                ConvertirAiken(texto, e);
+                break;
+            case FormatoEntrada::Gift:
+                ConvertirGift(texto, e);
+                break;
+            case FormatoEntrada::OpenTdb:
+                ConvertirOpenTdb(texto, e);
+                break;
+        }
+    } catch (const std::exception&) {
+        r = ResultadoConversion{};
+        r.sinConvertir = 1;
+        r.avisos.push_back({"línea 1", "no se pudo leer el fichero entero: no se convierte nada"});
     }
     return r;
 }
