@@ -123,6 +123,10 @@ void VentanaPregunta::AlTeclaAbajo(wxKeyEvent& e) {
     const int original = CodigoTecla(e);
     // Tab y Mayúsculas+Tab pasan de la respuesta a la pregunta y vuelven.
     if (original == sabelot::vbKeyTab) {
+        // Al volver a la respuesta se dice cuál es la que está puesta: se pudo cambiar desde la
+        // pregunta, y el cuadro no tiene otro texto que el lector lea.
+        if (wxWindow::FindFocus() == text1_)
+            anunciador_.AnunciarAlEnfocar(text2_, wxString::FromUTF8(logica_.Text2));
         e.Skip();
         return;
     }
