@@ -110,8 +110,9 @@ TEST_F(VentanaPreguntaTest, LaMismaVentanaPreguntaJuzgaYSeOcultaTresVeces) {
     EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
     EXPECT_TRUE(d.RespuestaCorrecta);
     EXPECT_EQ(p.pitidos, 0);
-    // Al abrir, la ventana dice por la respuesta la primera (la pregunta es su título).
-    EXPECT_EQ(anun.dichos, std::vector<wxString>{"1. Cinco"});
+    // Al abrir, la ventana dice por la respuesta la primera (la pregunta es su título); al
+    // volver a la respuesta con Tab, la que está puesta.
+    EXPECT_EQ(anun.dichos, (std::vector<wxString>{"1. Cinco", "2. Seis"}));
 
     // Segunda, en la misma ventana: Arriba da la vuelta con un pitido; se falla.
     anun.dichos.clear();
