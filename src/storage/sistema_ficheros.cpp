@@ -72,6 +72,45 @@ public:
 
     bool LineaLarga() const override { return larga_; }
 
+    // Busca cada '>' con memchr y mira los dos bytes que lo preceden: la letra, y un fin de
+    // línea. En un fichero de preguntas hay un '>' por línea: una llamada por línea, sin
+    // copiarla ni pasar por la capa virtual.
+    bool LeerHastaMarca(char letra, std::string& linea) override {
+        // La línea en curso empieza donde está la lectura, tenga antes lo que tenga.
+        if (Asegurar(2) && (almacen_[pos_] | 0x20) == letra && almacen_[pos_ + 1] == '>') {
+            return LeerLinea(linea);
+        }
+        if (lleno_ - pos_ < 2) {
+            pos_ = lleno_;
+            linea.clear();
+            larga_ = false;
+            return false;
+        }
+        std::size_t i = pos_ + 2;
+        for (;;) {
+            const char* g = static_cast<const char*>(std::memchr(almacen_ + i, '>', lleno_ - i));
+            if (g) {
+                const std::size_t k = static_cast<std::size_t>(g - almacen_);
+                const char antes = almacen_[k - 2];
+                if ((almacen_[k - 1] | 0x20) == letra && (antes == '\n' || antes == '\r')) {
+                    pos_ = k - 1;
+                    return LeerLinea(linea);
+                }
+                i = k + 1;
+                continue;
+            }
+            // Los dos últimos bytes se quedan: un "q>" puede partirse entre dos lecturas.
+            pos_ = lleno_ - 2;
+            if (!Asegurar(3)) {
+                pos_ = lleno_;
+                linea.clear();
+                larga_ = false;
+                return false;
+            }
+            i = 2;
+        }
+    }
+
     bool Fin() override { return !Hay(); }
 
     std::int64_t Posicion() override { return inicio_ + static_cast<std::int64_t>(pos_) + 1; }
@@ -128,6 +167,24 @@ private:
         pos_ = 0;
         lleno_ = std::fread(almacen_, 1, kAlmacen, f_);
         return lleno_ > 0;
+    }
+
+    // Deja en el almacén al menos n bytes desde pos_ si el fichero los tiene, moviendo al
+    // principio los que quedaban sin leer. Falso si no llegan.
+    bool Asegurar(std::size_t n) {
+        if (lleno_ - pos_ >= n) return true;
+        if (!f_ || escritura_) return false;
+        const std::size_t quedan = lleno_ - pos_;
+        std::memmove(almacen_, almacen_ + pos_, quedan);
+        inicio_ += static_cast<std::int64_t>(pos_);
+        pos_ = 0;
+        lleno_ = quedan;
+        while (lleno_ < n) {
+            const std::size_t leidos = std::fread(almacen_ + lleno_, 1, kAlmacen - lleno_, f_);
+            if (leidos == 0) return false;
+            lleno_ += leidos;
+        }
+        return true;
     }
 
     void Guardar(std::string& linea, const char* trozo, std::size_t n) {
