@@ -72,6 +72,7 @@ TEST(LeerHastaMarca, IgualQueLineaALinea) {
         {"vacío", ""},
         {"un byte", "q"},
         {"línea larga", "q>" + std::string(5000, 'x') + "\r\n1>a\r\nq>" + std::string(5000, '>') + "\r\n"},
+        {"marca tras kMaxLinea bytes de la misma línea", std::string(kMaxLinea, 'x') + "q>A\r\nq>B"},
     };
     // La marca, su fin de línea de delante o el CR LF partidos entre dos lecturas del almacén.
     for (std::size_t d = 0; d < 6; ++d) {
