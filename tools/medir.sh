@@ -26,8 +26,20 @@ trap 'rm -rf "$tmp"' EXIT
 carga_antes=$(cut -d' ' -f1-3 /proc/loadavg)
 
 echo "Google Benchmark..." >&2
-"$dir/bench/medidas" --benchmark_repetitions=5 --benchmark_report_aggregates_only=true \
+SABELOT_FICHERO_GRANDE="$tmp/grande.qzf" "$dir/bench/medidas" --benchmark_repetitions=5 --benchmark_report_aggregates_only=true \
   --benchmark_format=json --benchmark_out="$tmp/bench.json" --benchmark_out_format=json >/dev/null 2>&1
+
+# El suelo de sacar una pregunta: grep por el mismo fichero, justo después (11 veces, mediana;
+# lleva dentro lanzar el proceso).
+python3 - "$tmp/grande.qzf" >"$tmp/grep.txt" <<'PY'
+import os, statistics, subprocess, sys, time
+veces = []
+for _ in range(11):
+    t = time.perf_counter()
+    subprocess.run(["grep", "-c", "^q>", sys.argv[1]], stdout=subprocess.DEVNULL, env=dict(os.environ, LC_ALL="C"))
+    veces.append(time.perf_counter() - t)
+print(statistics.median(veces) * 1000)
+PY
 
 echo "Arranque ($veces veces por programa)..." >&2
 DISPLAY= tools/medir_arranque.sh "$veces" >"$tmp/arranque.txt"
@@ -52,9 +64,19 @@ print(f"Máquina: {modelo}, {os.cpu_count()} núcleos; carga (1/5/15 min) al emp
 print()
 print(f"{'Medida':<44} {'Sábelot':>12} {'Mínimo':>10} {'Cociente':>9} {'Meta':>6}")
 print("-" * 85)
+mediana = {}
 for b in json.load(open(os.path.join(tmp, "bench.json")))["benchmarks"]:
     if b.get("aggregate_name") != "median": continue
+    mediana[b["run_name"].split("/")[0]] = b["real_time"]
     print(f"{b['run_name']:<44} {num(b['real_time']) + ' ' + b['time_unit'].replace('us', 'µs'):>12}")
+# Sacar con el mazo al 95 % frente a una pasada por el mismo fichero, de la misma tanda, y
+# frente a grep, el suelo.
+sacar, getline = mediana.get("SacarConMazoAl95"), mediana.get("PasadaGetline")
+if sacar and getline:
+    print(f"{'Sacar al 95 % / pasada std::getline (ms)':<44} {num(sacar):>12} {num(getline):>10} {num(sacar / getline):>9} {'2':>6}")
+    grep = float(open(os.path.join(tmp, "grep.txt")).read())
+    etiqueta = "Sacar al 95 % / grep -c '^q>' (ms)"
+    print(f"{etiqueta:<44} {num(sacar):>12} {num(grep):>10} {num(sacar / grep):>9}")
 arr = {}
 for l in open(os.path.join(tmp, "arranque.txt")):
     p = l.split()

@@ -40,6 +40,16 @@ public:
     virtual bool LeerLinea(std::string& linea) = 0;
     // Verdadero si la última línea leída pasaba de kMaxLinea bytes y quedó cortada.
     virtual bool LineaLarga() const = 0;
+    // Pasa de largo las líneas hasta leer la primera que empieza por 'letra' (a-z en
+    // minúscula; en el fichero, en cualquier caja) y '>', que queda en 'linea' como la
+    // dejaría LeerLinea. Falso si el fichero se acaba antes. Da lo mismo que este bucle; el
+    // fichero de verdad busca en sus bytes sin copiar las líneas que salta.
+    virtual bool LeerHastaMarca(char letra, std::string& linea) {
+        while (LeerLinea(linea)) {
+            if (linea.size() >= 2 && linea[1] == '>' && (linea[0] | 0x20) == letra) return true;
+        }
+        return false;
+    }
     // Verdadero cuando ya no quedan bytes por leer.
     virtual bool Fin() = 0;
     // Posición de lectura, contando el primer byte como 1.

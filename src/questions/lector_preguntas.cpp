@@ -71,9 +71,7 @@ void Dialog1::ContarPreguntas() {
     Fichero* f = canales_.Get(c);
     std::int64_t n = 0;
     std::string linea;
-    while (f->LeerLinea(linea)) {
-        if (EsLineaPregunta(linea)) ++n;
-    }
+    while (f->LeerHastaMarca('q', linea)) ++n;
     canales_.Cerrar(c);
     m_.TotalMazo[t] = n;
     m_.CuentaMazo[t] = 0;
@@ -123,14 +121,7 @@ void Dialog1::LeerPregunta() {
 
         // La línea anterior ya no cuenta: se busca la siguiente "q>". Una "q>" en la
         // última línea es como el final del fichero.
-        bool hayPregunta = false;
-        while (!f->Fin()) {
-            f->LeerLinea(linea);
-            if (EsLineaPregunta(linea)) {
-                hayPregunta = true;
-                break;
-            }
-        }
+        const bool hayPregunta = f->LeerHastaMarca('q', linea);
         if (!hayPregunta || f->Fin()) {
             canales_.Cerrar(c);
             if (desdeArriba && mazo.size() == marcasAlEmpezar) {

@@ -31,7 +31,21 @@ void IndiceMazo::Sincronizar(const std::string& mazo) {
 }
 
 bool IndiceMazo::Contiene(std::int64_t posicion) const {
-    return posicion > 0 && finales_.count(static_cast<std::uint64_t>(posicion)) != 0;
+    if (posicion <= 0) return false;
+    const auto v = static_cast<std::uint64_t>(posicion);
+    if (v >= kTopeBits) return grandes_.count(v) != 0;
+    const std::size_t palabra = static_cast<std::size_t>(v >> 6);
+    return palabra < bits_.size() && ((bits_[palabra] >> (v & 63)) & 1) != 0;
+}
+
+void IndiceMazo::Poner(std::uint64_t valor) {
+    if (valor >= kTopeBits) {
+        grandes_.insert(valor);
+        return;
+    }
+    const std::size_t palabra = static_cast<std::size_t>(valor >> 6);
+    if (palabra >= bits_.size()) bits_.resize(palabra + 1);
+    bits_[palabra] |= std::uint64_t{1} << (valor & 63);
 }
 
 void IndiceMazo::Anadir(std::string& mazo, std::int64_t posicion) {
@@ -48,7 +62,8 @@ void IndiceMazo::Anadir(std::string& mazo, std::int64_t posicion) {
 }
 
 void IndiceMazo::Rehacer(const std::string& mazo) {
-    finales_.clear();
+    bits_.clear();
+    grandes_.clear();
     std::size_t inicio = 0;
     for (std::size_t i = 0; i < mazo.size(); ++i) {
         if (mazo[i] == ']') {
@@ -68,7 +83,7 @@ void IndiceMazo::AnadirTrozo(const std::string& mazo, std::size_t inicio, std::s
         int d = Cifra(mazo[i - 1]);
         if (d < 0) break;
         valor |= static_cast<std::uint64_t>(d) << (4 * cifras);
-        if (d != 0) finales_.insert(valor);
+        if (d != 0) Poner(valor);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_set>
+#include <vector>
 
 namespace sabelot {
 
@@ -25,9 +26,17 @@ public:
     void Anadir(std::string& mazo, std::int64_t posicion);
 
 private:
+    // Hasta aquí, un bit por valor: al pasar por el fichero las posiciones que se preguntan van
+    // en orden y el bit siguiente está al lado, no en un nodo suelto. Cubre cualquier posición
+    // de un fichero de preguntas que se abre; lo que pasa de aquí solo sale de un MazoUsado
+    // cambiado por fuera, y va al conjunto.
+    static constexpr std::uint64_t kTopeBits = std::uint64_t{1} << 27;
+
     void Rehacer(const std::string& mazo);
     void AnadirTrozo(const std::string& mazo, std::size_t inicio, std::size_t fin);
-    std::unordered_set<std::uint64_t> finales_;
+    void Poner(std::uint64_t valor);
+    std::vector<std::uint64_t> bits_;
+    std::unordered_set<std::uint64_t> grandes_;
     std::size_t longitud_ = 0;
 };
 

@@ -7,6 +7,10 @@
 #include <random>
 #include <system_error>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -32,6 +36,37 @@ fs::path RutaNativa(const std::string& ruta) {
 #else
     return fs::path(ruta);
 #endif
+}
+
+// Dónde está, en b[i, n), el primer '>' que lleva delante la letra (en cualquier caja) y
+// delante de ella un fin de línea; n si no hay. Mira dos bytes hacia atrás: i ≥ 2.
+std::size_t BuscarMarca(const char* b, std::size_t i, std::size_t n, char letra) {
+#ifdef __SSE2__
+    // De 16 en 16 bytes, sin parar en cada línea: con el mazo casi gastado casi todo el
+    // fichero pasa por aquí.
+    const __m128i mayor = _mm_set1_epi8('>');
+    const __m128i caja = _mm_set1_epi8(0x20);
+    const __m128i minuscula = _mm_set1_epi8(letra);
+    const __m128i lf = _mm_set1_epi8('\n');
+    const __m128i cr = _mm_set1_epi8('\r');
+    for (; i + 16 <= n; i += 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(b + i));
+        const __m128i l = _mm_loadu_si128(reinterpret_cast<const __m128i*>(b + i - 1));
+        const __m128i f = _mm_loadu_si128(reinterpret_cast<const __m128i*>(b + i - 2));
+        __m128i m = _mm_and_si128(_mm_cmpeq_epi8(a, mayor), _mm_cmpeq_epi8(_mm_or_si128(l, caja), minuscula));
+        m = _mm_and_si128(m, _mm_or_si128(_mm_cmpeq_epi8(f, lf), _mm_cmpeq_epi8(f, cr)));
+        const int bits = _mm_movemask_epi8(m);
+        if (bits != 0) return i + static_cast<std::size_t>(__builtin_ctz(static_cast<unsigned>(bits)));
+    }
+#endif
+    while (i < n) {
+        const char* g = static_cast<const char*>(std::memchr(b + i, '>', n - i));
+        if (!g) return n;
+        const auto k = static_cast<std::size_t>(g - b);
+        if ((b[k - 1] | 0x20) == letra && (b[k - 2] == '\n' || b[k - 2] == '\r')) return k;
+        i = k + 1;
+    }
+    return n;
 }
 
 // Un fichero con su propio almacén: las líneas se buscan con memchr, por trozos, y una línea
@@ -71,6 +106,38 @@ public:
     }
 
     bool LineaLarga() const override { return larga_; }
+
+    // Busca en los bytes del almacén, sin copiar las líneas que salta ni pasar cada una por la
+    // capa virtual.
+    bool LeerHastaMarca(char letra, std::string& linea) override {
+        // La línea en curso empieza donde está la lectura, tenga antes lo que tenga.
+        if (Asegurar(2) && (almacen_[pos_] | 0x20) == letra && almacen_[pos_ + 1] == '>') {
+            return LeerLinea(linea);
+        }
+        if (lleno_ - pos_ < 2) {
+            pos_ = lleno_;
+            linea.clear();
+            larga_ = false;
+            return false;
+        }
+        std::size_t i = pos_ + 2;
+        for (;;) {
+            const std::size_t k = BuscarMarca(almacen_, i, lleno_, letra);
+            if (k < lleno_) {
+                pos_ = k - 1;
+                return LeerLinea(linea);
+            }
+            // Los dos últimos bytes se quedan: un "q>" puede partirse entre dos lecturas.
+            pos_ = lleno_ - 2;
+            if (!Asegurar(3)) {
+                pos_ = lleno_;
+                linea.clear();
+                larga_ = false;
+                return false;
+            }
+            i = 2;
+        }
+    }
 
     bool Fin() override { return !Hay(); }
 
@@ -128,6 +195,24 @@ private:
         pos_ = 0;
         lleno_ = std::fread(almacen_, 1, kAlmacen, f_);
         return lleno_ > 0;
+    }
+
+    // Deja en el almacén al menos n bytes desde pos_ si el fichero los tiene, moviendo al
+    // principio los que quedaban sin leer. Falso si no llegan.
+    bool Asegurar(std::size_t n) {
+        if (lleno_ - pos_ >= n) return true;
+        if (!f_ || escritura_) return false;
+        const std::size_t quedan = lleno_ - pos_;
+        std::memmove(almacen_, almacen_ + pos_, quedan);
+        inicio_ += static_cast<std::int64_t>(pos_);
+        pos_ = 0;
+        lleno_ = quedan;
+        while (lleno_ < n) {
+            const std::size_t leidos = std::fread(almacen_ + lleno_, 1, kAlmacen - lleno_, f_);
+            if (leidos == 0) return false;
+            lleno_ += leidos;
+        }
+        return true;
     }
 
     void Guardar(std::string& linea, const char* trozo, std::size_t n) {
