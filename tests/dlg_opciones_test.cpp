@@ -20,19 +20,6 @@ using C = ControlOpciones;
 constexpr int kEnter = 13, kInicio = 36, kArriba = 38, kAbajo = 40, kSupr = 46, kF1 = 112, kF2 = 113;
 const std::string kNoEsp = "(No especificado)";
 
-const std::string kAyudaCategorias =
-    "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
-    "modificarlos.";
-const std::string kAyudaEtiquetas =
-    "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto de "
-    "una categoría, pulse F2 e introdúzcalo.";
-std::string AyudaFicheros(int categoria) {
-    return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
-           std::to_string(categoria) +
-           "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas para "
-           "más de una categoría. El nombre del fichero de preguntas se introducirá como texto predeterminado "
-           "para mostrarlo en las casillas de esta categoría.";
-}
 const std::string kAvisoCarpetaVacia =
     "No hay ficheros de preguntas en la carpeta preguntas. Copie allí ficheros con la extensión .qzf y vuelva "
     "a abrir las opciones.";
@@ -74,35 +61,26 @@ protected:
     std::string Ini() const { return p.carpeta.Leer("Sabelot.ini"); }
 };
 
+// El único cuadro que salió, con su estilo y el título del juego; y se olvida.
+void UnAviso(PlataformaGuion& p, const std::string& texto, int estilo = vbExclamation) {
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto, texto);
+    EXPECT_EQ(p.mensajes[0].estilo, estilo);
+    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+    p.mensajes.clear();
+}
+
 TEST_F(DlgOpcionesTest, AlCargarMuestraLosControlesDelDiseno) {
     Preguntas({"historia", "cine"});
     d.Mostrar();
     EXPECT_TRUE(d.Cargado);
     EXPECT_TRUE(d.Visible);
-    EXPECT_EQ(d.Caption, "Opciones");
-    EXPECT_EQ(d.Label1[0], "&Número de jugadores");
-    EXPECT_EQ(d.Label1[1], "&Quesitos a conseguir");
-    EXPECT_EQ(d.Label2[0], "&Categorías");
-    EXPECT_EQ(d.Label2[1], "&Ficheros de preguntas");
-    EXPECT_EQ(d.Label2[2], "&Texto de la casilla");
     const std::vector<std::string> numeros{"UNO", "DOS", "TRES", "CUATRO", "CINCO", "SEIS"};
     EXPECT_EQ(d.List1[0].List, numeros);
     EXPECT_EQ(d.List1[1].List, numeros);
     EXPECT_EQ(d.List2[0].List, numeros);
     EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"cine", "historia"}));
     EXPECT_EQ(Etiquetas(), std::vector<std::string>(6, kNoEsp));
-    EXPECT_EQ(d.List1[0].ToolTipText, "Indique el número de jugadores que participarán en esta partida");
-    EXPECT_EQ(d.List1[1].ToolTipText,
-              "Indique el número de quesitos a conseguir antes de poder subir a la casilla central a contestar "
-              "las preguntas finales antes de ganar el juego.");
-    EXPECT_EQ(d.List2[0].ToolTipText, "");
-    EXPECT_EQ(d.List2[1].ToolTipText, "Seleccione el archivo que proporcionará las preguntas para esta categoría");
-    EXPECT_EQ(d.List2[2].ToolTipText,
-              "Pulse F2 o enter para establecer el texto que se mostrará en las casillas de la categoría "
-              "correspondiente");
-    EXPECT_EQ(d.LbAyuda, "Pulse F1 para ayuda sobre el elemento seleccionado.");
-    EXPECT_EQ(d.OKButton.Caption, "&Aceptar");
-    EXPECT_EQ(d.CancelButton.Caption, "Canc&elar");
     EXPECT_TRUE(d.OKButton.Enabled);
     EXPECT_EQ(d.Foco, C::List1_0);
     EXPECT_EQ((std::vector<int>{d.List1[0].ListIndex, d.List1[1].ListIndex, d.List2[0].ListIndex,
@@ -336,14 +314,10 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
         d.Mostrar();
         Categoria(0);
         d.CambiarFoco(C::List2_2);
-        p.mensajes.clear();
         p.entradas.clear();
         p.textos = {mala, "Cine €ñ"};
         Tecla(C::List2_2, kF2);
-        ASSERT_EQ(p.mensajes.size(), 1u);
-        EXPECT_EQ(p.mensajes[0].texto, aviso);
-        EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
-        EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+        UnAviso(p, aviso);
         ASSERT_EQ(p.entradas.size(), 2u);
         EXPECT_EQ(p.entradas[1].inicial, mala);
         // Lo que sí cabe en Windows-1252 (€, ñ) se queda.
@@ -376,36 +350,40 @@ TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
 TEST_F(DlgOpcionesTest, AyudasConF1) {
     Preguntas({"cine"});
     d.Mostrar();
-    struct Caso {
-        C control;
-        int categoria;  // posición en la lista de categorías, para la ayuda de los ficheros
-        int shift;
-        std::string texto;
+    const std::string jugadores = "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6.";
+    auto ficheros = [](int categoria) {
+        return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
+               std::to_string(categoria) +
+               "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas "
+               "para más de una categoría. El nombre del fichero de preguntas se introducirá como texto "
+               "predeterminado para mostrarlo en las casillas de esta categoría.";
     };
-    const Caso casos[] = {
-        {C::List1_0, 0, 0, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
-        {C::List1_0, 0, 1, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
-        {C::List1_0, 0, 2, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
+    const struct {
+        C control;
+        int categoria, shift;  // categoría resaltada, para la ayuda de los ficheros
+        std::string texto;
+    } casos[] = {
+        {C::List1_0, 0, 0, jugadores},
+        {C::List1_0, 0, 2, jugadores},
         {C::List1_1, 0, 0,
          "Seleccione el número de \"quesitos\" que debe conseguir un jugador para poder enfrentarse a la prueba "
          "de la casilla central y ganar el juego."},
-        {C::List2_0, 0, 0, kAyudaCategorias},
-        {C::List2_1, 0, 0, AyudaFicheros(1)},
-        {C::List2_1, 4, 1, AyudaFicheros(5)},
-        {C::List2_2, 0, 0, kAyudaEtiquetas},
+        {C::List2_0, 0, 0,
+         "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
+         "modificarlos."},
+        {C::List2_1, 0, 0, ficheros(1)},
+        {C::List2_1, 4, 1, ficheros(5)},
+        {C::List2_2, 0, 0,
+         "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto de "
+         "una categoría, pulse F2 e introdúzcalo."},
     };
-    for (const Caso& caso : casos) {
+    for (const auto& caso : casos) {
         SCOPED_TRACE(caso.texto);
         Categoria(caso.categoria);
         d.CambiarFoco(caso.control);
-        p.mensajes.clear();
         EXPECT_TRUE(d.Tecla(caso.control, kF1, caso.shift));
-        ASSERT_EQ(p.mensajes.size(), 1u);
-        EXPECT_EQ(p.mensajes[0].texto, caso.texto);
-        EXPECT_EQ(p.mensajes[0].estilo, vbOKOnly);
-        EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
-        // F1 no mueve nada.
-        EXPECT_EQ(d.List2[0].ListIndex, caso.categoria);
+        UnAviso(p, caso.texto, vbOKOnly);
+        EXPECT_EQ(d.List2[0].ListIndex, caso.categoria);  // F1 no mueve nada
     }
 }
 
@@ -555,10 +533,7 @@ TEST_F(DlgOpcionesTest, SinFicherosDePreguntas) {
         DlgOpciones d2(m2, p2, c2);
         d2.Mostrar();
         EXPECT_TRUE(d2.Visible);
-        ASSERT_EQ(p2.mensajes.size(), 1u);
-        EXPECT_EQ(p2.mensajes[0].texto, kAvisoCarpetaVacia);
-        EXPECT_EQ(p2.mensajes[0].estilo, vbExclamation);
-        EXPECT_EQ(p2.mensajes[0].titulo, "Sabelot");
+        UnAviso(p2, kAvisoCarpetaVacia);
         // Las listas siguen respondiendo aunque no haya ficheros.
         d2.CambiarFoco(C::List2_0);
         d2.Tecla(C::List2_0, kAbajo, 0);
@@ -576,7 +551,7 @@ TEST_F(DlgOpcionesTest, SinFicherosDePreguntas) {
         EXPECT_FALSE(d2.Visible);
         // Al volver a abrir sin ficheros se avisa otra vez; sin nombres que falten, Aceptar guarda.
         d2.Mostrar();
-        EXPECT_EQ(p2.TextosMensajes(), (std::vector<std::string>{kAvisoCarpetaVacia, kAvisoCarpetaVacia}));
+        UnAviso(p2, kAvisoCarpetaVacia);
         d2.Pulsar(C::OKButton);
         EXPECT_FALSE(d2.Visible);
         EXPECT_TRUE(p2.carpeta.Existe("Sabelot.ini"));
@@ -594,12 +569,10 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
     d.Mostrar();
     p.mensajes.clear();
     d.Pulsar(C::OKButton);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto,
-              "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
-              "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
-              "texto de esas categorías para dejarlas sin fichero.");
-    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+    UnAviso(p,
+            "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
+            "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
+            "texto de esas categorías para dejarlas sin fichero.");
     EXPECT_TRUE(d.Visible);
     EXPECT_EQ(Ini(), antes);
     EXPECT_EQ(m.FicheroTema[1], "cine");
@@ -610,19 +583,16 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
         d.CambiarFoco(C::List2_2);
         Tecla(C::List2_2, kSupr);
     }
-    p.mensajes.clear();
     d.Pulsar(C::OKButton);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto,
-              "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
-              "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
-              "categoría para dejarla sin fichero.");
+    UnAviso(p,
+            "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
+            "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
+            "categoría para dejarla sin fichero.");
     EXPECT_TRUE(d.Visible);
 
     // Copiados los ficheros, al volver a abrir se ven y Aceptar ya guarda.
     d.Pulsar(C::CancelButton);
     Preguntas({"arte", "cine"});
-    p.mensajes.clear();
     d.Mostrar();
     EXPECT_TRUE(p.mensajes.empty());
     EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"arte", "cine"}));
@@ -647,11 +617,9 @@ TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
     d.Mostrar();
     d.Tecla(C::List1_0, kAbajo, 0);
     d.Pulsar(C::OKButton);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto,
-              "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
-              "próxima vez que abra el juego volverán las anteriores.");
-    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+    UnAviso(p,
+            "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
+            "próxima vez que abra el juego volverán las anteriores.");
     EXPECT_FALSE(d.Visible);
     EXPECT_EQ(m.NumJugadores, 2);
     EXPECT_FALSE(p.carpeta.Existe("Sabelot.ini"));
