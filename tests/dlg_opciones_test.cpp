@@ -314,8 +314,10 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
         d.Mostrar();
         Categoria(0);
         d.CambiarFoco(C::List2_2);
+        p.mensajes.clear();
         p.entradas.clear();
         p.textos = {mala, "Cine €ñ"};
+
         Tecla(C::List2_2, kF2);
         UnAviso(p, aviso);
         ASSERT_EQ(p.entradas.size(), 2u);
