@@ -332,23 +332,6 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
     }
 }
 
-TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
-    Preguntas({"cine"});
-    d.Mostrar();
-    Etiqueta(0, "Cine");
-    d.Pulsar(C::OKButton);
-    EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
-    // Otra ejecución, desde el fichero guardado (en la misma lo mira FicheroDeOpcionesExactoYLeidoIgual).
-    Module1 m2;
-    LeerOpciones(m2, p, canales);
-    ASSERT_EQ(m2.EtiquetaTema[1], "Cine ");
-    DlgOpciones d2(m2, p, canales);
-    d2.Mostrar();
-    EXPECT_EQ(d2.List2[2].List[0], "Cine ");
-    d2.Pulsar(C::OKButton);
-    EXPECT_EQ(m2.EtiquetaTema[1], "Cine ");
-}
-
 TEST_F(DlgOpcionesTest, AyudasConF1) {
     Preguntas({"cine"});
     d.Mostrar();
@@ -455,9 +438,15 @@ TEST_F(DlgOpcionesTest, FicheroDeOpcionesExactoYLeidoIgual) {
     EXPECT_EQ(leido.EtiquetaTema, m.EtiquetaTema);
     EXPECT_EQ(leido.CanalTema, m.CanalTema);
 
-    // Aceptar otra vez sin cambios escribe lo mismo.
+    // Aceptar otra vez sin cambios escribe lo mismo, y también en otra ejecución, desde el fichero:
+    // el blanco de cada etiqueta no se dobla.
     d.Mostrar();
     d.Pulsar(C::OKButton);
+    EXPECT_EQ(Ini(), esperado);
+    DlgOpciones d2(leido, p, canales);
+    d2.Mostrar();
+    EXPECT_EQ(d2.List2[2].List[2], "Series y televisión ");
+    d2.Pulsar(C::OKButton);
     EXPECT_EQ(Ini(), esperado);
 }
 
@@ -489,37 +478,32 @@ TEST_F(DlgOpcionesTest, CancelarLaPrimeraVezNoTocaNada) {
     EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
 }
 
-TEST_F(DlgOpcionesTest, SoloSeCargaUnaVez) {
+TEST_F(DlgOpcionesTest, SoloSeCargaUnaVezSalvoSiSeCierraDesdeLaBarra) {
     Preguntas({"cine"});
     d.Mostrar();
     d.Pulsar(C::OKButton);
     // Ficheros nuevos y opciones cambiadas por otro lado no se ven al volver.
     Preguntas({"arte"});
     m.QuesitosParaGanar = 6;
-    m.EtiquetaTema[1] = "Otra ";
+    m.EtiquetaTema[1] = "Arte ";
+    m.FicheroTema[1] = "arte";
     d.Mostrar();
     EXPECT_EQ(d.List2[1].List, std::vector<std::string>{"cine"});
     EXPECT_EQ(d.List1[1].ListIndex, 0);
     EXPECT_EQ(Etiquetas()[0], kNoEsp);
     EXPECT_EQ(d.Foco, C::OKButton);
-}
 
-TEST_F(DlgOpcionesTest, CerrarDesdeLaBarraDescargaYLaProximaVezCargaDeNuevo) {
-    Preguntas({"cine"});
-    d.Mostrar();
+    // Cerrar desde la barra descarga sin guardar nada; la próxima vez se carga de nuevo.
     Tecla(C::List1_0, kAbajo, 2);
+    p.carpeta.Escribir("Sabelot.ini", "");
     d.Descargar();
     EXPECT_FALSE(d.Cargado);
     EXPECT_FALSE(d.Visible);
     EXPECT_EQ(m.NumJugadores, 1);
-    EXPECT_FALSE(p.carpeta.Existe("Sabelot.ini"));
-
-    Preguntas({"arte"});
-    m.EtiquetaTema[1] = "Arte ";
-    m.FicheroTema[1] = "arte";
+    EXPECT_EQ(Ini(), "");
     d.Mostrar();
     EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(d.List1[0].ListIndex, 0);
+    EXPECT_EQ((std::vector<int>{d.List1[0].ListIndex, d.List1[1].ListIndex}), (std::vector<int>{0, 5}));
     EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"arte", "cine"}));
     EXPECT_EQ(Etiquetas()[0], "Arte ");
     EXPECT_EQ(d.Foco, C::List1_0);
