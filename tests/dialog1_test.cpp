@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/juego_prueba.h"
-#include "apoyo/plataforma_guion.h"
 #include "questions/dialog1.h"
 #include "storage/canales.h"
 
@@ -262,20 +261,6 @@ TEST_F(Dialogo1, SinFicheroSeCierraSinContar) {
     EXPECT_FALSE(d.SinPregunta);
     EXPECT_TRUE(d.RespuestaCorrecta);
     EXPECT_EQ(1, m.CuentaMazo[1]);
-}
-
-// Un juego entero: la pregunta de una casilla pasa por aquí.
-TEST_F(Dialogo1, ConLosDatosMinimos) {
-    prueba::PonerDatosMinimos(p.carpeta);
-    m.FicheroTema[4] = "literatura";
-    m.EtiquetaTema[4] = "Literatura";
-    p.azar = {0.0};
-    p.respuestas = {1};
-    d.NTema = 4;
-    p.MostrarDialog1(d);
-    EXPECT_EQ("Pregunta de Literatura.\r\nPregunta uno de literatura", d.Titulo);
-    EXPECT_TRUE(d.RespuestaCorrecta);
-    EXPECT_EQ(2, m.TotalMazo[4]);
 }
 
 }  // namespace
