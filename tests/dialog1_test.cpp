@@ -168,15 +168,16 @@ TEST_F(Dialogo1, Veredictos) {
         {"comentario de la a", Qzf({"q>P", "1>A", "a>1 Muy fácil"}), {13},
          "respuesta correcta.\r\nMuy fácil", true},
     };
+    // En la última categoría, que también cuenta.
     for (const auto& c : casos) {
         SCOPED_TRACE(c.nombre);
         canales.CerrarTodos();
-        m.TotalMazo[1] = 0;
-        m.MazoUsado[1].clear();
-        m.CuentaMazo[1] = 5;
+        m.TotalMazo[6] = 0;
+        m.MazoUsado[6].clear();
+        m.CuentaMazo[6] = 5;
         p.mensajes.clear();
-        Poner(1, c.fichero);
-        Abrir(1);
+        Poner(6, c.fichero);
+        Abrir(6);
         d.RespuestaCorrecta = !c.correcta;
         bool visibleAlDecirlo = false;
         p.alMensaje = [this, &visibleAlDecirlo](const prueba::PlataformaGuion::Mensaje&) {
@@ -192,7 +193,7 @@ TEST_F(Dialogo1, Veredictos) {
         EXPECT_EQ(c.correcta, d.RespuestaCorrecta);
         EXPECT_FALSE(d.Visible);
         // La cuenta se puso a 0 al contar el fichero; sube una por pregunta juzgada.
-        EXPECT_EQ(1, m.CuentaMazo[1]);
+        EXPECT_EQ(1, m.CuentaMazo[6]);
     }
 }
 

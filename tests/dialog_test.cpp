@@ -192,16 +192,6 @@ TEST_F(DialogTest, UnBotonOcultoNoSePuedePulsar) {
     EXPECT_EQ(m.ValorElegido, -1);
 }
 
-TEST_F(DialogTest, ConLaPlataformaSeMuestraYDevuelveElValor) {
-    m.ListaValores = "12_30_41_";
-    d.ValorEnDado = 5;
-    d.Mensaje = "Elige:\r\na\r\nb\r\nc\r\n";
-    p.botones = {2};
-    p.MostrarDialog(d);
-    EXPECT_EQ(m.ValorElegido, 41);
-    EXPECT_FALSE(d.Cargado);
-}
-
 // Fuera de lo que mandan los llamadores: se avisa al depurar y, si no, se ponen los botones que se
 // pueda sin leer fuera de las tablas (sin valores, ninguno: quedan como se cargaron, visibles).
 TEST_F(DialogTest, ListasFueraDeLoQueSeEspera) {
