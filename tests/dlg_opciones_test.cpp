@@ -57,7 +57,25 @@ protected:
         p.textos.push_back(texto);
         Tecla(C::List2_2, kF2);
     }
+    // Categoría, Tab a los ficheros y Tab a las etiquetas, sin elegir nada.
+    void PasarPorFicheros(int categoria) {
+        Categoria(categoria);
+        d.CambiarFoco(C::List2_1);
+        d.CambiarFoco(C::List2_2);
+    }
     std::vector<std::string> Etiquetas() const { return d.List2[2].List; }
+    // Las filas resaltadas de jugadores, quesitos, categorías, ficheros y etiquetas.
+    std::string Filas() const {
+        std::string s;
+        for (const auto* l : {&d.List1[0], &d.List1[1], &d.List2[0], &d.List2[1], &d.List2[2]})
+            s += std::to_string(l->ListIndex) + " ";
+        return s;
+    }
+    // Lo que lleva una categoría: fichero elegido, etiqueta y fila del fichero en la lista.
+    std::string Lleva(int c) const {
+        const auto i = static_cast<std::size_t>(c);
+        return d.FicheroElegido[i] + "|" + d.List2[2].List[i] + "|" + std::to_string(d.IndiceFichero[i]);
+    }
     std::string Ini() const { return p.carpeta.Leer("Sabelot.ini"); }
 };
 
@@ -83,9 +101,7 @@ TEST_F(DlgOpcionesTest, AlCargarMuestraLosControlesDelDiseno) {
     EXPECT_EQ(Etiquetas(), std::vector<std::string>(6, kNoEsp));
     EXPECT_TRUE(d.OKButton.Enabled);
     EXPECT_EQ(d.Foco, C::List1_0);
-    EXPECT_EQ((std::vector<int>{d.List1[0].ListIndex, d.List1[1].ListIndex, d.List2[0].ListIndex,
-                                d.List2[1].ListIndex, d.List2[2].ListIndex}),
-              (std::vector<int>{0, 0, 0, -1, 0}));
+    EXPECT_EQ(Filas(), "0 0 0 -1 0 ");
     EXPECT_TRUE(p.mensajes.empty());
 }
 
@@ -171,34 +187,22 @@ TEST_F(DlgOpcionesTest, LasTresListasSeMuevenJuntas) {
     m.EtiquetaTema[2] = "Ciencia ";
     d.Mostrar();
     EXPECT_EQ(d.IndiceFichero[1], 2);
-    EXPECT_EQ(d.List2[1].ListIndex, -1);
-
+    EXPECT_EQ(Filas(), "0 0 0 -1 0 ");
     // Al entrar la primera vez en las categorías, los ficheros toman su selección.
     d.CambiarFoco(C::List2_0);
-    EXPECT_EQ(d.List2[1].ListIndex, 0);
-    EXPECT_EQ(d.List2[2].ListIndex, 0);
-
-    // Abajo en categorías lleva etiquetas y ficheros.
+    EXPECT_EQ(Filas(), "0 0 0 0 0 ");
+    // Abajo en categorías lleva etiquetas y ficheros; en etiquetas, categorías y ficheros.
     Tecla(C::List2_0, kAbajo);
-    EXPECT_EQ(d.List2[2].ListIndex, 1);
-    EXPECT_EQ(d.List2[1].ListIndex, 2);
-
-    // Abajo en etiquetas lleva categorías y ficheros.
+    EXPECT_EQ(Filas(), "0 0 1 2 1 ");
     d.CambiarFoco(C::List2_2);
     Tecla(C::List2_2, kAbajo);
-    EXPECT_EQ(d.List2[0].ListIndex, 2);
-    EXPECT_EQ(d.List2[1].ListIndex, 0);
+    EXPECT_EQ(Filas(), "0 0 2 0 2 ");
     Tecla(C::List2_2, kArriba);
-    EXPECT_EQ(d.List2[0].ListIndex, 1);
-    EXPECT_EQ(d.List2[1].ListIndex, 2);
-
-    // Abajo en ficheros solo mueve los ficheros.
+    EXPECT_EQ(Filas(), "0 0 1 2 1 ");
+    // En ficheros solo se mueven los ficheros.
     d.CambiarFoco(C::List2_1);
     Tecla(C::List2_1, kArriba);
-    EXPECT_EQ(d.List2[1].ListIndex, 1);
-    EXPECT_EQ(d.List2[0].ListIndex, 1);
-    EXPECT_EQ(d.List2[2].ListIndex, 1);
-
+    EXPECT_EQ(Filas(), "0 0 1 1 1 ");
     // Moverse por categorías y etiquetas no apunta nada.
     EXPECT_EQ(d.FicheroElegido, (std::array<std::string, 6>{"", "c", "", "", "", ""}));
     EXPECT_EQ(Etiquetas()[1], "Ciencia ");
@@ -207,35 +211,23 @@ TEST_F(DlgOpcionesTest, LasTresListasSeMuevenJuntas) {
 TEST_F(DlgOpcionesTest, SalirDeLosFicherosTomaElResaltadoYPoneLaEtiqueta) {
     Preguntas({"arte", "cine", "deportes"});
     d.Mostrar();
-
     // Pasar por la lista con Tab toma el primer fichero, aunque no se eligiera nada.
-    Categoria(0);
-    d.CambiarFoco(C::List2_1);
-    d.CambiarFoco(C::List2_2);
-    EXPECT_EQ(d.FicheroElegido[0], "arte");
-    EXPECT_EQ(Etiquetas()[0], "arte");
-    EXPECT_EQ(d.IndiceFichero[0], 0);
-
+    PasarPorFicheros(0);
+    EXPECT_EQ(Lleva(0), "arte|arte|0");
     // Etiqueta propia y salir con el mismo fichero: se queda.
     Etiqueta(0, "Arte y cultura");
-    Categoria(0);
-    d.CambiarFoco(C::List2_1);
-    d.CambiarFoco(C::List2_2);
-    EXPECT_EQ(Etiquetas()[0], "Arte y cultura");
-
+    PasarPorFicheros(0);
+    EXPECT_EQ(Lleva(0), "arte|Arte y cultura|0");
     // Fichero primero y etiqueta después: se queda.
     ElegirFichero(1, 2);
     Etiqueta(1, "Fútbol");
-    EXPECT_EQ(d.FicheroElegido[1], "deportes");
-    EXPECT_EQ(Etiquetas()[1], "Fútbol");
-
+    EXPECT_EQ(Lleva(1), "deportes|Fútbol|2");
     // Etiqueta primero y luego otro fichero: la etiqueta se pierde.
     Etiqueta(2, "Películas");
     ElegirFichero(2, 1);
-    EXPECT_EQ(d.FicheroElegido[2], "cine");
-    EXPECT_EQ(Etiquetas()[2], "cine");
+    EXPECT_EQ(Lleva(2), "cine|cine|1");
     ElegirFichero(0, 1);
-    EXPECT_EQ(Etiquetas()[0], "cine");
+    EXPECT_EQ(Lleva(0), "cine|cine|1");
 }
 
 TEST_F(DlgOpcionesTest, SuprimirDejaLaCategoriaSinNada) {
@@ -245,15 +237,10 @@ TEST_F(DlgOpcionesTest, SuprimirDejaLaCategoriaSinNada) {
     Tecla(C::List2_2, kAbajo);
     Tecla(C::List2_2, kArriba);
     Tecla(C::List2_2, kSupr);
-    EXPECT_EQ(Etiquetas()[3], kNoEsp);
-    EXPECT_EQ(d.FicheroElegido[3], "");
-    EXPECT_EQ(d.IndiceFichero[3], 1);
+    EXPECT_EQ(Lleva(3), "|" + kNoEsp + "|1");
     // Volver a pasar por los ficheros asigna otra vez el de IndiceFichero, con su nombre.
-    Categoria(3);
-    d.CambiarFoco(C::List2_1);
-    d.CambiarFoco(C::List2_2);
-    EXPECT_EQ(d.FicheroElegido[3], "cine");
-    EXPECT_EQ(Etiquetas()[3], "cine");
+    PasarPorFicheros(3);
+    EXPECT_EQ(Lleva(3), "cine|cine|1");
     Tecla(C::List2_2, kSupr);
     d.Pulsar(C::OKButton);
     EXPECT_EQ(m.FicheroTema[4], "");
@@ -273,8 +260,7 @@ TEST_F(DlgOpcionesTest, EditarLaEtiqueta) {
     EXPECT_EQ(p.entradas[0].titulo, "Etiqueta de categoría");
     EXPECT_EQ(p.entradas[0].indicacion, "Escriba el texto a mostrar en las casillas de este tema:");
     EXPECT_EQ(p.entradas[0].inicial, "arte");
-    EXPECT_EQ(Etiquetas()[0], "Cine");
-    EXPECT_EQ(d.FicheroElegido[0], "");  // etiqueta propia sin fichero
+    EXPECT_EQ(Lleva(0), "|Cine|0");  // etiqueta propia sin fichero
 
     // Con etiqueta empieza con ella; cancelar no cambia nada.
     p.textos = {""};
@@ -376,15 +362,14 @@ TEST_F(DlgOpcionesTest, JugadoresYQuesitosConLasTeclas) {
     Preguntas({"cine"});
     m.QuesitosParaGanar = 4;
     d.Mostrar();
-    EXPECT_EQ(d.List1[1].ListIndex, 3);
+    EXPECT_EQ(Filas(), "0 3 0 -1 0 ");
     Tecla(C::List1_0, kAbajo, 2);
     d.CambiarFoco(C::List1_1);
     Tecla(C::List1_1, kAbajo, 9);  // se para en SEIS
-    EXPECT_EQ(d.List1[1].ListIndex, 5);
+    EXPECT_EQ(Filas(), "2 5 0 -1 0 ");
     Tecla(C::List1_1, 'C');  // la inicial: CUATRO, luego CINCO
     EXPECT_EQ(d.List1[1].ListIndex, 3);
     Tecla(C::List1_1, 'C');
-    EXPECT_EQ(d.List1[1].ListIndex, 4);
     // Con Alt la tecla es del acceso rápido, no de la lista.
     EXPECT_FALSE(d.Tecla(C::List1_1, 'Q', 4));
     EXPECT_EQ(d.List1[1].ListIndex, 4);
@@ -400,9 +385,8 @@ TEST_F(DlgOpcionesTest, FicheroOlvidadoDeLaCarpetaSeEscribeIgual) {
     m.FicheroTema[2] = "cine";
     m.EtiquetaTema[2] = "Cine ";
     d.Mostrar();
-    EXPECT_EQ(d.IndiceFichero[0], 0);
-    EXPECT_EQ(d.FicheroElegido[0], "viejo");
-    EXPECT_EQ(d.IndiceFichero[1], 1);
+    EXPECT_EQ(Lleva(0), "viejo|Viejo |0");
+    EXPECT_EQ(Lleva(1), "cine|Cine |1");
     d.Pulsar(C::OKButton);
     EXPECT_EQ(m.FicheroTema[1], "viejo");
     EXPECT_EQ(m.EtiquetaTema[1], "Viejo ");
