@@ -147,27 +147,18 @@ public:
         static const int kTeclas[] = {37, 38, 39, 40, 33, 34, 35, 36, 13, 27, 9, 32, 113, 65, 0};
         for (int i = Entero(0, 30); i > 0 && d.Visible; --i) {
             const C c = kListas[Entero(0, 4)];
-            switch (Entero(0, 3)) {
-                case 0:
-                    d.CambiarFoco(c);
-                    break;
-                case 1:
-                    d.ElegirEntrada(c, Entero(-1, 12));
-                    break;
-                default:
-                    d.Tecla(c, kTeclas[Entero(0, 14)], Entero(0, 7));
-                    break;
-            }
+            const int r = Entero(0, 3);
+            if (r == 0)
+                d.CambiarFoco(c);
+            else if (r == 1)
+                d.ElegirEntrada(c, Entero(-1, 12));
+            else
+                d.Tecla(c, kTeclas[Entero(0, 14)], Entero(0, 7));
         }
         for (int vueltas = 0; d.Visible; ++vueltas) {
             if (vueltas > 50) throw Hallazgo{"DlgOpciones no se cierra"};
             const int r = Entero(0, 9);
-            if (r < 6)
-                d.Pulsar(C::OKButton);
-            else if (r < 9)
-                d.Pulsar(C::CancelButton);
-            else
-                d.Descargar();
+            r < 6 ? d.Pulsar(C::OKButton) : r < 9 ? d.Pulsar(C::CancelButton) : d.Descargar();
             // Aceptar sin ficheros para todo deja el diálogo abierto: se cancela.
             if (d.Visible && vueltas > 3) d.Pulsar(C::CancelButton);
         }
@@ -197,235 +188,227 @@ private:
     Form1& f() { return j_->form1; }
     int Mods() { return Moneda(0.8) ? 0 : Entero(0, 7); }
 
-    void Preparar();
-    void NuevaSesion();
-    void Paso();
-    void Tecla(int codigo, int shift);
-    void GuardarYCargar();
-    void CargarRota();
-    std::string Estropear(std::string bytes);
-    void Comprobar(const char* donde);
-};
-
-void Maraton::Preparar() {
-    if (p_) ganadas_ += p_->ganadas;
-    p_ = std::make_unique<PlataformaMaraton>(g_);
-    const CarpetaTemporal& c = p_->carpeta;
-    c.CrearCarpeta("preguntas");
-    if (Moneda(0.5)) {
-        // Los ficheros que se dan con el juego.
-        const fs::path datos(SABELOT_DATOS), aqui(c.Ruta());
-        for (const auto& e : fs::directory_iterator(datos / "preguntas"))
-            fs::copy_file(e.path(), aqui / "preguntas" / e.path().filename(),
-                          fs::copy_options::overwrite_existing);
-        fs::copy_file(datos / "Sabelot.ini", aqui / "Sabelot.ini", fs::copy_options::overwrite_existing);
-    } else {
-        PonerDatosMinimos(c, Entero(1, 6), Entero(1, 6));
+    void Preparar() {
+        if (p_) ganadas_ += p_->ganadas;
+        p_ = std::make_unique<PlataformaMaraton>(g_);
+        const CarpetaTemporal& c = p_->carpeta;
+        c.CrearCarpeta("preguntas");
+        if (Moneda(0.5)) {
+            // Los ficheros que se dan con el juego.
+            const fs::path datos(SABELOT_DATOS), aqui(c.Ruta());
+            for (const auto& e : fs::directory_iterator(datos / "preguntas"))
+                fs::copy_file(e.path(), aqui / "preguntas" / e.path().filename(),
+                              fs::copy_options::overwrite_existing);
+            fs::copy_file(datos / "Sabelot.ini", aqui / "Sabelot.ini", fs::copy_options::overwrite_existing);
+        } else {
+            PonerDatosMinimos(c, Entero(1, 6), Entero(1, 6));
+        }
+        iniBueno_ = c.Leer("Sabelot.ini");
     }
-    iniBueno_ = c.Leer("Sabelot.ini");
-}
 
-void Maraton::NuevaSesion() {
-    ++sesiones_;
-    j_.reset();
-    p_->siNo.clear();
-    p_->nombres.clear();
-    p_->hora = Entero(0, 23);
-    p_->minuto = Entero(0, 59);
-    p_->segundo = Entero(0, 59);
-    // A veces arranca con unas opciones rotas, o sin ellas.
-    const int r = Entero(0, 9);
-    if (r == 1)
-        fs::remove(fs::path(p_->carpeta.Ruta()) / "Sabelot.ini");
-    else
-        p_->carpeta.Escribir("Sabelot.ini", r == 0 ? Estropear(iniBueno_) : iniBueno_);
-    j_ = std::make_unique<Juego>(*p_);
-    f().Form_Load();
-    Comprobar("arranque");
-}
+    void NuevaSesion() {
+        ++sesiones_;
+        j_.reset();
+        p_->siNo.clear();
+        p_->nombres.clear();
+        p_->hora = Entero(0, 23);
+        p_->minuto = Entero(0, 59);
+        p_->segundo = Entero(0, 59);
+        // A veces arranca con unas opciones rotas, o sin ellas.
+        const int r = Entero(0, 9);
+        if (r == 1)
+            fs::remove(fs::path(p_->carpeta.Ruta()) / "Sabelot.ini");
+        else
+            p_->carpeta.Escribir("Sabelot.ini", r == 0 ? Estropear(iniBueno_) : iniBueno_);
+        j_ = std::make_unique<Juego>(*p_);
+        f().Form_Load();
+        Comprobar("arranque");
+    }
 
-std::string Maraton::Estropear(std::string b) {
-    static const char* const kTrozos[] = {"\"",   ",",  "\r\n", "-", "99999999999", "#TRUE#", "\x1a",
-                                          "\xff", "\n", "0",    "7"};
-    auto sitio = [&](int extra) {
-        return static_cast<std::size_t>(Entero(0, static_cast<int>(b.size()) - 1 + extra));
-    };
-    for (int v = Entero(1, 4); v > 0; --v) {
-        const int r = Entero(0, 5);
-        if (b.empty() && r != 2) continue;
-        switch (r) {
-            case 0:
-                b.resize(sitio(0));
-                break;
-            case 1: {
-                const std::size_t i = sitio(0);
-                b[i] = static_cast<char>(b[i] ^ (1 << Entero(0, 7)));
-                break;
-            }
-            case 2: {
-                const std::size_t i = sitio(1);
-                const int t = Entero(0, 11);
-                b.insert(i, t == 11 ? std::string(1, '\0') : std::string(kTrozos[t]));
-                break;
-            }
-            case 3:
-                b.erase(sitio(0), static_cast<std::size_t>(Entero(1, 10)));
-                break;
-            case 4:
-                b += b.substr(0, b.size() / 2);
-                break;
-            default:
-                // Un número cualquiera en lugar de un dígito.
-                for (std::size_t i = 0; i < b.size(); ++i) {
-                    if (b[i] >= '0' && b[i] <= '9' && Moneda(0.2)) {
-                        b.replace(i, 1, std::to_string(Entero(-40, 200)));
-                        break;
-                    }
+    std::string Estropear(std::string b) {
+        static const char* const kTrozos[] = {"\"",   ",",  "\r\n", "-", "99999999999", "#TRUE#", "\x1a",
+                                              "\xff", "\n", "0",    "7"};
+        auto sitio = [&](int extra) {
+            return static_cast<std::size_t>(Entero(0, static_cast<int>(b.size()) - 1 + extra));
+        };
+        for (int v = Entero(1, 4); v > 0; --v) {
+            const int r = Entero(0, 5);
+            if (b.empty() && r != 2) continue;
+            switch (r) {
+                case 0:
+                    b.resize(sitio(0));
+                    break;
+                case 1: {
+                    const std::size_t i = sitio(0);
+                    b[i] = static_cast<char>(b[i] ^ (1 << Entero(0, 7)));
+                    break;
                 }
+                case 2: {
+                    const std::size_t i = sitio(1);
+                    const int t = Entero(0, 11);
+                    b.insert(i, t == 11 ? std::string(1, '\0') : std::string(kTrozos[t]));
+                    break;
+                }
+                case 3:
+                    b.erase(sitio(0), static_cast<std::size_t>(Entero(1, 10)));
+                    break;
+                case 4:
+                    b += b.substr(0, b.size() / 2);
+                    break;
+                default:
+                    // Un número cualquiera en lugar de un dígito.
+                    for (std::size_t i = 0; i < b.size(); ++i) {
+                        if (b[i] >= '0' && b[i] <= '9' && Moneda(0.2)) {
+                            b.replace(i, 1, std::to_string(Entero(-40, 200)));
+                            break;
+                        }
+                    }
+            }
+        }
+        return b;
+    }
+
+    void Tecla(int codigo, int shift) {
+        const std::size_t antes = p_->sonidos.size();
+        f().Form_KeyDown(codigo, shift);
+        bool suena = false;
+        for (std::size_t i = antes; i < p_->sonidos.size(); ++i)
+            suena |= p_->sonidos[i].first == Reproductor::MediaPlayer1;
+        // El dado suena: casi siempre se deja terminar, a veces se pulsa algo más antes.
+        if (suena && Moneda(0.9)) {
+            if (Moneda(0.1)) f().MediaPlayer1_PlayStateChange(Entero(1, 3));
+            f().MediaPlayer1_PlayStateChange(0);
         }
     }
-    return b;
-}
 
-void Maraton::Tecla(int codigo, int shift) {
-    const std::size_t antes = p_->sonidos.size();
-    f().Form_KeyDown(codigo, shift);
-    bool suena = false;
-    for (std::size_t i = antes; i < p_->sonidos.size(); ++i)
-        suena |= p_->sonidos[i].first == Reproductor::MediaPlayer1;
-    // El dado suena: casi siempre se deja terminar, a veces se pulsa algo más antes.
-    if (suena && Moneda(0.9)) {
-        if (Moneda(0.1)) f().MediaPlayer1_PlayStateChange(Entero(1, 3));
-        f().MediaPlayer1_PlayStateChange(0);
-    }
-}
-
-void Maraton::GuardarYCargar() {
-    // Guardar con un nombre bueno y volver a cargar: la misma partida.
-    const std::string nombre = "buena" + std::to_string(Entero(0, 2));
-    const std::string antes = Foto(*j_);
-    p_->nombres = {nombre, ""};
-    f().PonerTexto1("");
-    Moneda(0.5) ? Tecla(vbKeyF3, Moneda(0.8) ? 0 : Entero(1, 7)) : Tecla(vbKeyG, vbCtrlMask | Mods());
-    if (Foto(*j_) != antes) throw Hallazgo{"guardar cambió la partida"};
-    if (f().Texto1() != "PARTIDA GUARDADA") {
-        if (!p_->nombres.empty()) throw Hallazgo{"guardar no preguntó el nombre"};
-        return;
-    }
-    ++guardadas_;
-    partidaBuena_ = p_->carpeta.Leer(nombre + ".sav");
-    p_->nombres = {nombre, ""};
-    Tecla(vbKeyF4, 0);
-    // Si cargó, el segundo nombre (cancelar) no se ha gastado.
-    if (p_->nombres.empty()) throw Hallazgo{"la partida recién guardada no carga"};
-    p_->nombres.clear();
-    const std::string despues = Foto(*j_);
-    if (despues != antes)
-        throw Hallazgo{"guardar y cargar no da la misma partida:\n  antes:   " + antes +
-                       "\n  después: " + despues};
-    if (f().CasillaCursor != f().PosicionFicha[static_cast<std::size_t>(f().JugadorActual)])
-        throw Hallazgo{"tras cargar, el cursor no está en la ficha del jugador del turno"};
-}
-
-void Maraton::CargarRota() {
-    if (partidaBuena_.empty()) return;
-    // Una de cada diez va entera: también tiene que cargar.
-    const bool entera = Moneda(0.1);
-    p_->carpeta.Escribir("rota.sav", entera ? partidaBuena_ : Estropear(partidaBuena_));
-    const std::string antes = Foto(*j_);
-    const int cursor = f().CasillaCursor;
-    p_->nombres = {"rota", ""};
-    p_->mensajes.clear();
-    f().PonerTexto1("");
-    Moneda(0.5) ? Tecla(vbKeyF4, 0) : Tecla(vbKeyA, vbCtrlMask | Mods());
-    const bool cargada = !p_->nombres.empty();
-    p_->nombres.clear();
-    const bool rechazada =
-        std::any_of(p_->mensajes.begin(), p_->mensajes.end(),
-                    [](const PlataformaGuion::Mensaje& m) { return m.texto == kErrorCarga; });
-    if (rechazada) {
-        ++rotasRechazadas_;
+    void GuardarYCargar() {
+        // Guardar con un nombre bueno y volver a cargar: la misma partida.
+        const std::string nombre = "buena" + std::to_string(Entero(0, 2));
+        const std::string antes = Foto(*j_);
+        p_->nombres = {nombre, ""};
+        f().PonerTexto1("");
+        Moneda(0.5) ? Tecla(vbKeyF3, Moneda(0.8) ? 0 : Entero(1, 7)) : Tecla(vbKeyG, vbCtrlMask | Mods());
+        if (Foto(*j_) != antes) throw Hallazgo{"guardar cambió la partida"};
+        if (f().Texto1() != "PARTIDA GUARDADA") {
+            if (!p_->nombres.empty()) throw Hallazgo{"guardar no preguntó el nombre"};
+            return;
+        }
+        ++guardadas_;
+        partidaBuena_ = p_->carpeta.Leer(nombre + ".sav");
+        p_->nombres = {nombre, ""};
+        Tecla(vbKeyF4, 0);
+        // Si cargó, el segundo nombre (cancelar) no se ha gastado.
+        if (p_->nombres.empty()) throw Hallazgo{"la partida recién guardada no carga"};
+        p_->nombres.clear();
         const std::string despues = Foto(*j_);
-        if (despues != antes || f().CasillaCursor != cursor)
-            throw Hallazgo{"una partida rota cambió la que se jugaba:\n  antes:   " + antes +
+        if (despues != antes)
+            throw Hallazgo{"guardar y cargar no da la misma partida:\n  antes:   " + antes +
                            "\n  después: " + despues};
-    } else if (!cargada) {
-        throw Hallazgo{"cargar una partida ni cargó ni avisó"};
+        if (f().CasillaCursor != f().PosicionFicha[static_cast<std::size_t>(f().JugadorActual)])
+            throw Hallazgo{"tras cargar, el cursor no está en la ficha del jugador del turno"};
     }
-    if (entera && !cargada) throw Hallazgo{"una partida bien guardada no carga"};
-}
 
-void Maraton::Comprobar(const char* donde) {
-    Module1& m = j_->m;
-    Form1& ff = f();
-    auto exigir = [&](bool bien, const std::string& que) {
-        if (!bien) throw Hallazgo{std::string(donde) + ": " + que + "\n  " + Foto(*j_)};
-    };
-    auto casilla = [](int c) { return c >= 0 && c <= kUltimaCasilla; };
-    const int n = m.NumJugadores;
-    exigir(n >= 1 && n <= kMaxJugadores, "NumJugadores=" + std::to_string(n));
-    exigir(m.QuesitosParaGanar >= 0 && m.QuesitosParaGanar <= kNumTemas, "QuesitosParaGanar");
-    exigir(m.Preguntas.Jugadores() == n && m.Aciertos.Jugadores() == n && m.QuesitoGanado.Jugadores() == n &&
-               m.NumQuesitos.Limite() == n,
-           "tablas de otro tamaño que los jugadores");
-    exigir(ff.JugadorActual >= 1 && ff.JugadorActual <= n,
-           "JugadorActual=" + std::to_string(ff.JugadorActual));
-    exigir(std::all_of(ff.PosicionFicha.begin(), ff.PosicionFicha.end(), casilla), "ficha fuera del tablero");
-    exigir(casilla(ff.CasillaCursor) && casilla(ff.CasillaPrevia), "cursor fuera del tablero");
-    exigir(ff.RumboCentro >= 1 && ff.RumboCentro <= 6, "RumboCentro=" + std::to_string(ff.RumboCentro));
-    exigir(ff.ValorDado >= 0 && ff.ValorDado <= 6, "ValorDado=" + std::to_string(ff.ValorDado));
-    exigir(ff.CaminosPendientes >= 0, "CaminosPendientes=" + std::to_string(ff.CaminosPendientes));
-    for (int j = 1; j <= n; ++j) {
-        int ganados = 0;
-        for (int t = 1; t <= kNumTemas; ++t) {
-            exigir(m.Aciertos(t, j) >= 0 && m.Preguntas(t, j) >= m.Aciertos(t, j),
-                   "más aciertos que preguntas");
-            ganados += m.QuesitoGanado(t, j);
+    void CargarRota() {
+        if (partidaBuena_.empty()) return;
+        // Una de cada diez va entera: también tiene que cargar.
+        const bool entera = Moneda(0.1);
+        p_->carpeta.Escribir("rota.sav", entera ? partidaBuena_ : Estropear(partidaBuena_));
+        const std::string antes = Foto(*j_);
+        const int cursor = f().CasillaCursor;
+        p_->nombres = {"rota", ""};
+        p_->mensajes.clear();
+        f().PonerTexto1("");
+        Moneda(0.5) ? Tecla(vbKeyF4, 0) : Tecla(vbKeyA, vbCtrlMask | Mods());
+        const bool cargada = !p_->nombres.empty();
+        p_->nombres.clear();
+        const bool rechazada =
+            std::any_of(p_->mensajes.begin(), p_->mensajes.end(),
+                        [](const PlataformaGuion::Mensaje& m) { return m.texto == kErrorCarga; });
+        if (rechazada) {
+            ++rotasRechazadas_;
+            const std::string despues = Foto(*j_);
+            if (despues != antes || f().CasillaCursor != cursor)
+                throw Hallazgo{"una partida rota cambió la que se jugaba:\n  antes:   " + antes +
+                               "\n  después: " + despues};
+        } else if (!cargada) {
+            throw Hallazgo{"cargar una partida ni cargó ni avisó"};
         }
-        exigir(m.NumQuesitos(j) == ganados, "NumQuesitos no cuenta los quesitos ganados");
+        if (entera && !cargada) throw Hallazgo{"una partida bien guardada no carga"};
     }
-    for (std::size_t t = 1; t <= kNumTemas; ++t)
-        exigir(m.CuentaMazo[t] >= 0 && m.TotalMazo[t] >= 0, "mazo " + std::to_string(t) + " negativo");
-}
 
-void Maraton::Paso() {
-    // Lo apuntado no se mira de un paso a otro: que no crezca sin fin.
-    p_->mensajes.clear();
-    p_->entradas.clear();
-    p_->dichos.clear();
-    p_->sonidos.clear();
-    p_->entradasSeguidas = 0;
-    p_->jugarOtra = Moneda(0.8);
-    const int r = Entero(0, 999);
-    if (r < 15) {
-        GuardarYCargar();
-    } else if (r < 25) {
-        CargarRota();
-    } else if (r < 27) {
-        NuevaSesion();  // cerrar y volver a abrir
-        return;
-    } else if (r < 33) {
-        // Control O: el diálogo de opciones, aceptado o cancelado al azar.
-        Tecla(vbKeyO, vbCtrlMask | Mods());
-    } else if (r < 36) {
-        // Unas opciones rotas para el próximo arranque, o para Control O.
-        p_->carpeta.Escribir("Sabelot.ini", Estropear(iniBueno_));
-    } else {
-        static const int kMapa[] = {13, 32, 35, 36, 37, 38,  39,  40,  46,  49, 50, 51, 52, 53, 54,  65,
-                                    68, 69, 71, 79, 86, 112, 113, 114, 115, 27, 9,  8,  48, 55, 116, 123};
-        const int q = Entero(0, 99);
-        int codigo = q < 40   ? 37 + Entero(0, 3)        // cursores, lo más común
-                     : q < 65 ? (Moneda(0.5) ? 32 : 13)  // el dado
-                     : q < 95 ? kMapa[Entero(0, 31)]
-                              : Entero(-5, 300);  // cualquier código
-        int shift = Moneda(0.2) ? Entero(1, 7) : 0;
-        if (codigo == vbKeyO && shift == 0 && Moneda(0.02))
-            shift = vbCtrlMask;  // opciones, de tarde en tarde
-        if (codigo == vbKeyO && (shift & vbCtrlMask) && Moneda(0.7)) shift = 0;
-        Tecla(codigo, shift);
+    void Comprobar(const char* donde) {
+        Module1& m = j_->m;
+        Form1& ff = f();
+        auto exigir = [&](bool bien, const std::string& que) {
+            if (!bien) throw Hallazgo{std::string(donde) + ": " + que + "\n  " + Foto(*j_)};
+        };
+        auto casilla = [](int c) { return c >= 0 && c <= kUltimaCasilla; };
+        const int n = m.NumJugadores;
+        exigir(n >= 1 && n <= kMaxJugadores, "NumJugadores=" + std::to_string(n));
+        exigir(m.QuesitosParaGanar >= 0 && m.QuesitosParaGanar <= kNumTemas, "QuesitosParaGanar");
+        exigir(m.Preguntas.Jugadores() == n && m.Aciertos.Jugadores() == n &&
+                   m.QuesitoGanado.Jugadores() == n && m.NumQuesitos.Limite() == n,
+               "tablas de otro tamaño que los jugadores");
+        exigir(ff.JugadorActual >= 1 && ff.JugadorActual <= n,
+               "JugadorActual=" + std::to_string(ff.JugadorActual));
+        exigir(std::all_of(ff.PosicionFicha.begin(), ff.PosicionFicha.end(), casilla),
+               "ficha fuera del tablero");
+        exigir(casilla(ff.CasillaCursor) && casilla(ff.CasillaPrevia), "cursor fuera del tablero");
+        exigir(ff.RumboCentro >= 1 && ff.RumboCentro <= 6, "RumboCentro=" + std::to_string(ff.RumboCentro));
+        exigir(ff.ValorDado >= 0 && ff.ValorDado <= 6, "ValorDado=" + std::to_string(ff.ValorDado));
+        exigir(ff.CaminosPendientes >= 0, "CaminosPendientes=" + std::to_string(ff.CaminosPendientes));
+        for (int j = 1; j <= n; ++j) {
+            int ganados = 0;
+            for (int t = 1; t <= kNumTemas; ++t) {
+                exigir(m.Aciertos(t, j) >= 0 && m.Preguntas(t, j) >= m.Aciertos(t, j),
+                       "más aciertos que preguntas");
+                ganados += m.QuesitoGanado(t, j);
+            }
+            exigir(m.NumQuesitos(j) == ganados, "NumQuesitos no cuenta los quesitos ganados");
+        }
+        for (std::size_t t = 1; t <= kNumTemas; ++t)
+            exigir(m.CuentaMazo[t] >= 0 && m.TotalMazo[t] >= 0, "mazo " + std::to_string(t) + " negativo");
     }
-    Comprobar("tras el paso");
-}
+
+    void Paso() {
+        // Lo apuntado no se mira de un paso a otro: que no crezca sin fin.
+        p_->mensajes.clear();
+        p_->entradas.clear();
+        p_->dichos.clear();
+        p_->sonidos.clear();
+        p_->entradasSeguidas = 0;
+        p_->jugarOtra = Moneda(0.8);
+        const int r = Entero(0, 999);
+        if (r < 15) {
+            GuardarYCargar();
+        } else if (r < 25) {
+            CargarRota();
+        } else if (r < 27) {
+            NuevaSesion();  // cerrar y volver a abrir
+            return;
+        } else if (r < 33) {
+            // Control O: el diálogo de opciones, aceptado o cancelado al azar.
+            Tecla(vbKeyO, vbCtrlMask | Mods());
+        } else if (r < 36) {
+            // Unas opciones rotas para el próximo arranque, o para Control O.
+            p_->carpeta.Escribir("Sabelot.ini", Estropear(iniBueno_));
+        } else {
+            static const int kMapa[] = {13, 32, 35, 36, 37, 38,  39,  40,  46,  49, 50, 51, 52, 53, 54,  65,
+                                        68, 69, 71, 79, 86, 112, 113, 114, 115, 27, 9,  8,  48, 55, 116, 123};
+            const int q = Entero(0, 99);
+            int codigo = q < 40   ? 37 + Entero(0, 3)        // cursores, lo más común
+                         : q < 65 ? (Moneda(0.5) ? 32 : 13)  // el dado
+                         : q < 95 ? kMapa[Entero(0, 31)]
+                                  : Entero(-5, 300);  // cualquier código
+            int shift = Moneda(0.2) ? Entero(1, 7) : 0;
+            if (codigo == vbKeyO && shift == 0 && Moneda(0.02))
+                shift = vbCtrlMask;  // opciones, de tarde en tarde
+            if (codigo == vbKeyO && (shift & vbCtrlMask) && Moneda(0.7)) shift = 0;
+            Tecla(codigo, shift);
+        }
+        Comprobar("tras el paso");
+    }
+};
 
 int Maraton::Correr() {
     std::printf("maratón: semilla %u, %.0f s\n", semilla_, segundos_);
