@@ -85,7 +85,8 @@ TEST_F(VentanaOpcionesTest, JugadoresConLasTeclasYAceptar) {
     EXPECT_TRUE(anun.dichos.empty());
     EXPECT_EQ(anun.nombres[v->Lista(3)].first, "Ficheros de preguntas");
     EXPECT_EQ(anun.nombres[v->Lista(3)].second,
-              "Seleccione el archivo que proporcionará las preguntas para esta categoría");
+              wxString::FromUTF8("Seleccione el archivo que proporcionará las preguntas para esta categoría"));
+
 
 }
 
