@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/juego_prueba.h"
-#include "apoyo/plataforma_guion.h"
 #include "questions/dialog1.h"
 #include "storage/canales.h"
 
@@ -169,15 +168,16 @@ TEST_F(Dialogo1, Veredictos) {
         {"comentario de la a", Qzf({"q>P", "1>A", "a>1 Muy fácil"}), {13},
          "respuesta correcta.\r\nMuy fácil", true},
     };
+    // En la última categoría, que también cuenta.
     for (const auto& c : casos) {
         SCOPED_TRACE(c.nombre);
         canales.CerrarTodos();
-        m.TotalMazo[1] = 0;
-        m.MazoUsado[1].clear();
-        m.CuentaMazo[1] = 5;
+        m.TotalMazo[6] = 0;
+        m.MazoUsado[6].clear();
+        m.CuentaMazo[6] = 5;
         p.mensajes.clear();
-        Poner(1, c.fichero);
-        Abrir(1);
+        Poner(6, c.fichero);
+        Abrir(6);
         d.RespuestaCorrecta = !c.correcta;
         bool visibleAlDecirlo = false;
         p.alMensaje = [this, &visibleAlDecirlo](const prueba::PlataformaGuion::Mensaje&) {
@@ -193,7 +193,7 @@ TEST_F(Dialogo1, Veredictos) {
         EXPECT_EQ(c.correcta, d.RespuestaCorrecta);
         EXPECT_FALSE(d.Visible);
         // La cuenta se puso a 0 al contar el fichero; sube una por pregunta juzgada.
-        EXPECT_EQ(1, m.CuentaMazo[1]);
+        EXPECT_EQ(1, m.CuentaMazo[6]);
     }
 }
 
@@ -262,20 +262,6 @@ TEST_F(Dialogo1, SinFicheroSeCierraSinContar) {
     EXPECT_FALSE(d.SinPregunta);
     EXPECT_TRUE(d.RespuestaCorrecta);
     EXPECT_EQ(1, m.CuentaMazo[1]);
-}
-
-// Un juego entero: la pregunta de una casilla pasa por aquí.
-TEST_F(Dialogo1, ConLosDatosMinimos) {
-    prueba::PonerDatosMinimos(p.carpeta);
-    m.FicheroTema[4] = "literatura";
-    m.EtiquetaTema[4] = "Literatura";
-    p.azar = {0.0};
-    p.respuestas = {1};
-    d.NTema = 4;
-    p.MostrarDialog1(d);
-    EXPECT_EQ("Pregunta de Literatura.\r\nPregunta uno de literatura", d.Titulo);
-    EXPECT_TRUE(d.RespuestaCorrecta);
-    EXPECT_EQ(2, m.TotalMazo[4]);
 }
 
 }  // namespace

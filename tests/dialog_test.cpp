@@ -192,39 +192,31 @@ TEST_F(DialogTest, UnBotonOcultoNoSePuedePulsar) {
     EXPECT_EQ(m.ValorElegido, -1);
 }
 
-TEST_F(DialogTest, ConLaPlataformaSeMuestraYDevuelveElValor) {
-    m.ListaValores = "12_30_41_";
-    d.ValorEnDado = 5;
-    d.Mensaje = "Elige:\r\na\r\nb\r\nc\r\n";
-    p.botones = {2};
-    p.MostrarDialog(d);
-    EXPECT_EQ(m.ValorElegido, 41);
-    EXPECT_FALSE(d.Cargado);
-}
-
-// Fuera de lo que mandan los llamadores: se avisa al depurar y, si no, se ponen
-// los botones que se pueda sin leer fuera de las tablas.
-TEST_F(DialogTest, OchoValoresEnsenanSiete) {
-    const std::string texto = "Elige:\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n";
-    EXPECT_DEBUG_DEATH(Abrir(3, "1_2_3_4_5_6_7_8_", texto), "");
+// Fuera de lo que mandan los llamadores: se avisa al depurar y, si no, se ponen los botones que se
+// pueda sin leer fuera de las tablas (sin valores, ninguno: quedan como se cargaron, visibles).
+TEST_F(DialogTest, ListasFueraDeLoQueSeEspera) {
+    const struct {
+        std::string lista, mensaje;
+        std::vector<std::string> botones;
+    } casos[] = {
+        {"1_2_3_4_5_6_7_8_", "Elige:\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n",
+         {"1=1", "2=2", "3=3", "4=4", "5=5", "6=6", "7=7"}},
+        {"1_2_3_4_", "Elige:\r\nuno\r\ndos\r\ntres", {"-", "uno=1", "dos=2", "-", "-", "-", "-"}},
+        {"", "Elige:\r\nuno\r\n", {}},
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.lista);
+        EXPECT_DEBUG_DEATH(Abrir(3, c.lista, c.mensaje), "");
 #ifdef NDEBUG
-    EXPECT_EQ(Botones(), (std::vector<std::string>{"1=1", "2=2", "3=3", "4=4", "5=5", "6=6", "7=7"}));
+        if (c.botones.empty()) {
+            EXPECT_EQ(d.Command1[0].Caption, "Command1");
+            EXPECT_TRUE(d.Command1[6].Visible);
+        } else {
+            EXPECT_EQ(Botones(), c.botones);
+        }
 #endif
-}
 
-TEST_F(DialogTest, MenosLineasQueValoresEnsenanLasQueHay) {
-    EXPECT_DEBUG_DEATH(Abrir(3, "1_2_3_4_", "Elige:\r\nuno\r\ndos\r\ntres"), "");
-#ifdef NDEBUG
-    EXPECT_EQ(Botones(), (std::vector<std::string>{"-", "uno=1", "dos=2", "-", "-", "-", "-"}));
-#endif
-}
-
-TEST_F(DialogTest, SinValoresNoSeTocaNingunBoton) {
-    EXPECT_DEBUG_DEATH(Abrir(3, "", "Elige:\r\nuno\r\n"), "");
-#ifdef NDEBUG
-    EXPECT_EQ(d.Command1[0].Caption, "Command1");
-    EXPECT_TRUE(d.Command1[6].Visible);
-#endif
+    }
 }
 
 }  // namespace

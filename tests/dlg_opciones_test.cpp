@@ -21,19 +21,6 @@ using C = ControlOpciones;
 constexpr int kEnter = 13, kInicio = 36, kArriba = 38, kAbajo = 40, kSupr = 46, kF1 = 112, kF2 = 113;
 const std::string kNoEsp = "(No especificado)";
 
-const std::string kAyudaCategorias =
-    "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
-    "modificarlos.";
-const std::string kAyudaEtiquetas =
-    "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto de "
-    "una categoría, pulse F2 e introdúzcalo.";
-std::string AyudaFicheros(int categoria) {
-    return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
-           std::to_string(categoria) +
-           "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas para "
-           "más de una categoría. El nombre del fichero de preguntas se introducirá como texto predeterminado "
-           "para mostrarlo en las casillas de esta categoría.";
-}
 const std::string kAvisoCarpetaVacia =
     "No hay ficheros de preguntas en la carpeta preguntas. Copie allí ficheros con la extensión .qzf y vuelva "
     "a abrir las opciones.";
@@ -71,44 +58,51 @@ protected:
         p.textos.push_back(texto);
         Tecla(C::List2_2, kF2);
     }
+    // Categoría, Tab a los ficheros y Tab a las etiquetas, sin elegir nada.
+    void PasarPorFicheros(int categoria) {
+        Categoria(categoria);
+        d.CambiarFoco(C::List2_1);
+        d.CambiarFoco(C::List2_2);
+    }
     std::vector<std::string> Etiquetas() const { return d.List2[2].List; }
+    // Las filas resaltadas de jugadores, quesitos, categorías, ficheros y etiquetas.
+    std::string Filas() const {
+        std::string s;
+        for (const auto* l : {&d.List1[0], &d.List1[1], &d.List2[0], &d.List2[1], &d.List2[2]})
+            s += std::to_string(l->ListIndex) + " ";
+        return s;
+    }
+    // Lo que lleva una categoría: fichero elegido, etiqueta y fila del fichero en la lista.
+    std::string Lleva(int c) const {
+        const auto i = static_cast<std::size_t>(c);
+        return d.FicheroElegido[i] + "|" + d.List2[2].List[i] + "|" + std::to_string(d.IndiceFichero[i]);
+    }
     std::string Ini() const { return p.carpeta.Leer("Sabelot.ini"); }
 };
+
+// El único cuadro que salió, con su estilo y el título del juego; y se olvida.
+void UnAviso(PlataformaGuion& p, const std::string& texto, int estilo = vbExclamation) {
+    ASSERT_EQ(p.mensajes.size(), 1u);
+    EXPECT_EQ(p.mensajes[0].texto, texto);
+    EXPECT_EQ(p.mensajes[0].estilo, estilo);
+    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+    p.mensajes.clear();
+}
 
 TEST_F(DlgOpcionesTest, AlCargarMuestraLosControlesDelDiseno) {
     Preguntas({"historia", "cine"});
     d.Mostrar();
     EXPECT_TRUE(d.Cargado);
     EXPECT_TRUE(d.Visible);
-    EXPECT_EQ(d.Caption, "Opciones");
-    EXPECT_EQ(d.Label1[0], "&Número de jugadores");
-    EXPECT_EQ(d.Label1[1], "&Quesitos a conseguir");
-    EXPECT_EQ(d.Label2[0], "&Categorías");
-    EXPECT_EQ(d.Label2[1], "&Ficheros de preguntas");
-    EXPECT_EQ(d.Label2[2], "&Texto de la casilla");
     const std::vector<std::string> numeros{"UNO", "DOS", "TRES", "CUATRO", "CINCO", "SEIS"};
     EXPECT_EQ(d.List1[0].List, numeros);
     EXPECT_EQ(d.List1[1].List, numeros);
     EXPECT_EQ(d.List2[0].List, numeros);
     EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"cine", "historia"}));
     EXPECT_EQ(Etiquetas(), std::vector<std::string>(6, kNoEsp));
-    EXPECT_EQ(d.List1[0].ToolTipText, "Indique el número de jugadores que participarán en esta partida");
-    EXPECT_EQ(d.List1[1].ToolTipText,
-              "Indique el número de quesitos a conseguir antes de poder subir a la casilla central a contestar "
-              "las preguntas finales antes de ganar el juego.");
-    EXPECT_EQ(d.List2[0].ToolTipText, "");
-    EXPECT_EQ(d.List2[1].ToolTipText, "Seleccione el archivo que proporcionará las preguntas para esta categoría");
-    EXPECT_EQ(d.List2[2].ToolTipText,
-              "Pulse F2 o enter para establecer el texto que se mostrará en las casillas de la categoría "
-              "correspondiente");
-    EXPECT_EQ(d.LbAyuda, "Pulse F1 para ayuda sobre el elemento seleccionado.");
-    EXPECT_EQ(d.OKButton.Caption, "&Aceptar");
-    EXPECT_EQ(d.CancelButton.Caption, "Canc&elar");
     EXPECT_TRUE(d.OKButton.Enabled);
     EXPECT_EQ(d.Foco, C::List1_0);
-    EXPECT_EQ((std::vector<int>{d.List1[0].ListIndex, d.List1[1].ListIndex, d.List2[0].ListIndex,
-                                d.List2[1].ListIndex, d.List2[2].ListIndex}),
-              (std::vector<int>{0, 0, 0, -1, 0}));
+    EXPECT_EQ(Filas(), "0 0 0 -1 0 ");
     EXPECT_TRUE(p.mensajes.empty());
 }
 
@@ -207,34 +201,22 @@ TEST_F(DlgOpcionesTest, LasTresListasSeMuevenJuntas) {
     m.EtiquetaTema[2] = "Ciencia ";
     d.Mostrar();
     EXPECT_EQ(d.IndiceFichero[1], 2);
-    EXPECT_EQ(d.List2[1].ListIndex, -1);
-
+    EXPECT_EQ(Filas(), "0 0 0 -1 0 ");
     // Al entrar la primera vez en las categorías, los ficheros toman su selección.
     d.CambiarFoco(C::List2_0);
-    EXPECT_EQ(d.List2[1].ListIndex, 0);
-    EXPECT_EQ(d.List2[2].ListIndex, 0);
-
-    // Abajo en categorías lleva etiquetas y ficheros.
+    EXPECT_EQ(Filas(), "0 0 0 0 0 ");
+    // Abajo en categorías lleva etiquetas y ficheros; en etiquetas, categorías y ficheros.
     Tecla(C::List2_0, kAbajo);
-    EXPECT_EQ(d.List2[2].ListIndex, 1);
-    EXPECT_EQ(d.List2[1].ListIndex, 2);
-
-    // Abajo en etiquetas lleva categorías y ficheros.
+    EXPECT_EQ(Filas(), "0 0 1 2 1 ");
     d.CambiarFoco(C::List2_2);
     Tecla(C::List2_2, kAbajo);
-    EXPECT_EQ(d.List2[0].ListIndex, 2);
-    EXPECT_EQ(d.List2[1].ListIndex, 0);
+    EXPECT_EQ(Filas(), "0 0 2 0 2 ");
     Tecla(C::List2_2, kArriba);
-    EXPECT_EQ(d.List2[0].ListIndex, 1);
-    EXPECT_EQ(d.List2[1].ListIndex, 2);
-
-    // Abajo en ficheros solo mueve los ficheros.
+    EXPECT_EQ(Filas(), "0 0 1 2 1 ");
+    // En ficheros solo se mueven los ficheros.
     d.CambiarFoco(C::List2_1);
     Tecla(C::List2_1, kArriba);
-    EXPECT_EQ(d.List2[1].ListIndex, 1);
-    EXPECT_EQ(d.List2[0].ListIndex, 1);
-    EXPECT_EQ(d.List2[2].ListIndex, 1);
-
+    EXPECT_EQ(Filas(), "0 0 1 1 1 ");
     // Moverse por categorías y etiquetas no apunta nada.
     EXPECT_EQ(d.FicheroElegido, (std::array<std::string, 6>{"", "c", "", "", "", ""}));
     EXPECT_EQ(Etiquetas()[1], "Ciencia ");
@@ -243,35 +225,23 @@ TEST_F(DlgOpcionesTest, LasTresListasSeMuevenJuntas) {
 TEST_F(DlgOpcionesTest, SalirDeLosFicherosTomaElResaltadoYPoneLaEtiqueta) {
     Preguntas({"arte", "cine", "deportes"});
     d.Mostrar();
-
     // Pasar por la lista con Tab toma el primer fichero, aunque no se eligiera nada.
-    Categoria(0);
-    d.CambiarFoco(C::List2_1);
-    d.CambiarFoco(C::List2_2);
-    EXPECT_EQ(d.FicheroElegido[0], "arte");
-    EXPECT_EQ(Etiquetas()[0], "arte");
-    EXPECT_EQ(d.IndiceFichero[0], 0);
-
+    PasarPorFicheros(0);
+    EXPECT_EQ(Lleva(0), "arte|arte|0");
     // Etiqueta propia y salir con el mismo fichero: se queda.
     Etiqueta(0, "Arte y cultura");
-    Categoria(0);
-    d.CambiarFoco(C::List2_1);
-    d.CambiarFoco(C::List2_2);
-    EXPECT_EQ(Etiquetas()[0], "Arte y cultura");
-
+    PasarPorFicheros(0);
+    EXPECT_EQ(Lleva(0), "arte|Arte y cultura|0");
     // Fichero primero y etiqueta después: se queda.
     ElegirFichero(1, 2);
     Etiqueta(1, "Fútbol");
-    EXPECT_EQ(d.FicheroElegido[1], "deportes");
-    EXPECT_EQ(Etiquetas()[1], "Fútbol");
-
+    EXPECT_EQ(Lleva(1), "deportes|Fútbol|2");
     // Etiqueta primero y luego otro fichero: la etiqueta se pierde.
     Etiqueta(2, "Películas");
     ElegirFichero(2, 1);
-    EXPECT_EQ(d.FicheroElegido[2], "cine");
-    EXPECT_EQ(Etiquetas()[2], "cine");
+    EXPECT_EQ(Lleva(2), "cine|cine|1");
     ElegirFichero(0, 1);
-    EXPECT_EQ(Etiquetas()[0], "cine");
+    EXPECT_EQ(Lleva(0), "cine|cine|1");
 }
 
 TEST_F(DlgOpcionesTest, SuprimirDejaLaCategoriaSinNada) {
@@ -281,15 +251,10 @@ TEST_F(DlgOpcionesTest, SuprimirDejaLaCategoriaSinNada) {
     Tecla(C::List2_2, kAbajo);
     Tecla(C::List2_2, kArriba);
     Tecla(C::List2_2, kSupr);
-    EXPECT_EQ(Etiquetas()[3], kNoEsp);
-    EXPECT_EQ(d.FicheroElegido[3], "");
-    EXPECT_EQ(d.IndiceFichero[3], 1);
+    EXPECT_EQ(Lleva(3), "|" + kNoEsp + "|1");
     // Volver a pasar por los ficheros asigna otra vez el de IndiceFichero, con su nombre.
-    Categoria(3);
-    d.CambiarFoco(C::List2_1);
-    d.CambiarFoco(C::List2_2);
-    EXPECT_EQ(d.FicheroElegido[3], "cine");
-    EXPECT_EQ(Etiquetas()[3], "cine");
+    PasarPorFicheros(3);
+    EXPECT_EQ(Lleva(3), "cine|cine|1");
     Tecla(C::List2_2, kSupr);
     d.Pulsar(C::OKButton);
     EXPECT_EQ(m.FicheroTema[4], "");
@@ -309,8 +274,7 @@ TEST_F(DlgOpcionesTest, EditarLaEtiqueta) {
     EXPECT_EQ(p.entradas[0].titulo, "Etiqueta de categoría");
     EXPECT_EQ(p.entradas[0].indicacion, "Escriba el texto a mostrar en las casillas de este tema:");
     EXPECT_EQ(p.entradas[0].inicial, "arte");
-    EXPECT_EQ(Etiquetas()[0], "Cine");
-    EXPECT_EQ(d.FicheroElegido[0], "");  // etiqueta propia sin fichero
+    EXPECT_EQ(Lleva(0), "|Cine|0");  // etiqueta propia sin fichero
 
     // Con etiqueta empieza con ella; cancelar no cambia nada.
     p.textos = {""};
@@ -355,11 +319,9 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
         p.mensajes.clear();
         p.entradas.clear();
         p.textos = {mala, "Cine €ñ"};
+
         Tecla(C::List2_2, kF2);
-        ASSERT_EQ(p.mensajes.size(), 1u);
-        EXPECT_EQ(p.mensajes[0].texto, aviso);
-        EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
-        EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+        UnAviso(p, aviso);
         ASSERT_EQ(p.entradas.size(), 2u);
         EXPECT_EQ(p.entradas[1].inicial, mala);
         // Lo que sí cabe en Windows-1252 (€, ñ) se queda.
@@ -383,56 +345,43 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
     EXPECT_EQ(leido.EtiquetaTema[1], sesenta + " ");
 }
 
-TEST_F(DlgOpcionesTest, EtiquetaEscritaLlevaUnBlancoYNoSeDobla) {
-    Preguntas({"cine"});
-    d.Mostrar();
-    Etiqueta(0, "Cine");
-    d.Pulsar(C::OKButton);
-    EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
-    // Otra ejecución, desde el fichero guardado (en la misma lo mira FicheroDeOpcionesExactoYLeidoIgual).
-    Module1 m2;
-    LeerOpciones(m2, p, canales);
-    ASSERT_EQ(m2.EtiquetaTema[1], "Cine ");
-    DlgOpciones d2(m2, p, canales);
-    d2.Mostrar();
-    EXPECT_EQ(d2.List2[2].List[0], "Cine ");
-    d2.Pulsar(C::OKButton);
-    EXPECT_EQ(m2.EtiquetaTema[1], "Cine ");
-}
-
 TEST_F(DlgOpcionesTest, AyudasConF1) {
     Preguntas({"cine"});
     d.Mostrar();
-    struct Caso {
-        C control;
-        int categoria;  // posición en la lista de categorías, para la ayuda de los ficheros
-        int shift;
-        std::string texto;
+    const std::string jugadores = "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6.";
+    auto ficheros = [](int categoria) {
+        return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
+               std::to_string(categoria) +
+               "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas "
+               "para más de una categoría. El nombre del fichero de preguntas se introducirá como texto "
+               "predeterminado para mostrarlo en las casillas de esta categoría.";
     };
-    const Caso casos[] = {
-        {C::List1_0, 0, 0, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
-        {C::List1_0, 0, 1, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
-        {C::List1_0, 0, 2, "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6."},
+    const struct {
+        C control;
+        int categoria, shift;  // categoría resaltada, para la ayuda de los ficheros
+        std::string texto;
+    } casos[] = {
+        {C::List1_0, 0, 0, jugadores},
+        {C::List1_0, 0, 2, jugadores},
         {C::List1_1, 0, 0,
          "Seleccione el número de \"quesitos\" que debe conseguir un jugador para poder enfrentarse a la prueba "
          "de la casilla central y ganar el juego."},
-        {C::List2_0, 0, 0, kAyudaCategorias},
-        {C::List2_1, 0, 0, AyudaFicheros(1)},
-        {C::List2_1, 4, 1, AyudaFicheros(5)},
-        {C::List2_2, 0, 0, kAyudaEtiquetas},
+        {C::List2_0, 0, 0,
+         "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
+         "modificarlos."},
+        {C::List2_1, 0, 0, ficheros(1)},
+        {C::List2_1, 4, 1, ficheros(5)},
+        {C::List2_2, 0, 0,
+         "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto de "
+         "una categoría, pulse F2 e introdúzcalo."},
     };
-    for (const Caso& caso : casos) {
+    for (const auto& caso : casos) {
         SCOPED_TRACE(caso.texto);
         Categoria(caso.categoria);
         d.CambiarFoco(caso.control);
-        p.mensajes.clear();
         EXPECT_TRUE(d.Tecla(caso.control, kF1, caso.shift));
-        ASSERT_EQ(p.mensajes.size(), 1u);
-        EXPECT_EQ(p.mensajes[0].texto, caso.texto);
-        EXPECT_EQ(p.mensajes[0].estilo, vbOKOnly);
-        EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
-        // F1 no mueve nada.
-        EXPECT_EQ(d.List2[0].ListIndex, caso.categoria);
+        UnAviso(p, caso.texto, vbOKOnly);
+        EXPECT_EQ(d.List2[0].ListIndex, caso.categoria);  // F1 no mueve nada
     }
 }
 
@@ -440,15 +389,14 @@ TEST_F(DlgOpcionesTest, JugadoresYQuesitosConLasTeclas) {
     Preguntas({"cine"});
     m.QuesitosParaGanar = 4;
     d.Mostrar();
-    EXPECT_EQ(d.List1[1].ListIndex, 3);
+    EXPECT_EQ(Filas(), "0 3 0 -1 0 ");
     Tecla(C::List1_0, kAbajo, 2);
     d.CambiarFoco(C::List1_1);
     Tecla(C::List1_1, kAbajo, 9);  // se para en SEIS
-    EXPECT_EQ(d.List1[1].ListIndex, 5);
+    EXPECT_EQ(Filas(), "2 5 0 -1 0 ");
     Tecla(C::List1_1, 'C');  // la inicial: CUATRO, luego CINCO
     EXPECT_EQ(d.List1[1].ListIndex, 3);
     Tecla(C::List1_1, 'C');
-    EXPECT_EQ(d.List1[1].ListIndex, 4);
     // Con Alt la tecla es del acceso rápido, no de la lista.
     EXPECT_FALSE(d.Tecla(C::List1_1, 'Q', 4));
     EXPECT_EQ(d.List1[1].ListIndex, 4);
@@ -464,9 +412,8 @@ TEST_F(DlgOpcionesTest, FicheroOlvidadoDeLaCarpetaSeEscribeIgual) {
     m.FicheroTema[2] = "cine";
     m.EtiquetaTema[2] = "Cine ";
     d.Mostrar();
-    EXPECT_EQ(d.IndiceFichero[0], 0);
-    EXPECT_EQ(d.FicheroElegido[0], "viejo");
-    EXPECT_EQ(d.IndiceFichero[1], 1);
+    EXPECT_EQ(Lleva(0), "viejo|Viejo |0");
+    EXPECT_EQ(Lleva(1), "cine|Cine |1");
     d.Pulsar(C::OKButton);
     EXPECT_EQ(m.FicheroTema[1], "viejo");
     EXPECT_EQ(m.EtiquetaTema[1], "Viejo ");
@@ -502,9 +449,15 @@ TEST_F(DlgOpcionesTest, FicheroDeOpcionesExactoYLeidoIgual) {
     EXPECT_EQ(leido.EtiquetaTema, m.EtiquetaTema);
     EXPECT_EQ(leido.CanalTema, m.CanalTema);
 
-    // Aceptar otra vez sin cambios escribe lo mismo.
+    // Aceptar otra vez sin cambios escribe lo mismo, y también en otra ejecución, desde el fichero:
+    // el blanco de cada etiqueta no se dobla.
     d.Mostrar();
     d.Pulsar(C::OKButton);
+    EXPECT_EQ(Ini(), esperado);
+    DlgOpciones d2(leido, p, canales);
+    d2.Mostrar();
+    EXPECT_EQ(d2.List2[2].List[2], "Series y televisión ");
+    d2.Pulsar(C::OKButton);
     EXPECT_EQ(Ini(), esperado);
 }
 
@@ -536,37 +489,32 @@ TEST_F(DlgOpcionesTest, CancelarLaPrimeraVezNoTocaNada) {
     EXPECT_EQ(m.EtiquetaTema[1], "Cine ");
 }
 
-TEST_F(DlgOpcionesTest, SoloSeCargaUnaVez) {
+TEST_F(DlgOpcionesTest, SoloSeCargaUnaVezSalvoSiSeCierraDesdeLaBarra) {
     Preguntas({"cine"});
     d.Mostrar();
     d.Pulsar(C::OKButton);
     // Ficheros nuevos y opciones cambiadas por otro lado no se ven al volver.
     Preguntas({"arte"});
     m.QuesitosParaGanar = 6;
-    m.EtiquetaTema[1] = "Otra ";
+    m.EtiquetaTema[1] = "Arte ";
+    m.FicheroTema[1] = "arte";
     d.Mostrar();
     EXPECT_EQ(d.List2[1].List, std::vector<std::string>{"cine"});
     EXPECT_EQ(d.List1[1].ListIndex, 0);
     EXPECT_EQ(Etiquetas()[0], kNoEsp);
     EXPECT_EQ(d.Foco, C::OKButton);
-}
 
-TEST_F(DlgOpcionesTest, CerrarDesdeLaBarraDescargaYLaProximaVezCargaDeNuevo) {
-    Preguntas({"cine"});
-    d.Mostrar();
+    // Cerrar desde la barra descarga sin guardar nada; la próxima vez se carga de nuevo.
     Tecla(C::List1_0, kAbajo, 2);
+    p.carpeta.Escribir("Sabelot.ini", "");
     d.Descargar();
     EXPECT_FALSE(d.Cargado);
     EXPECT_FALSE(d.Visible);
     EXPECT_EQ(m.NumJugadores, 1);
-    EXPECT_FALSE(p.carpeta.Existe("Sabelot.ini"));
-
-    Preguntas({"arte"});
-    m.EtiquetaTema[1] = "Arte ";
-    m.FicheroTema[1] = "arte";
+    EXPECT_EQ(Ini(), "");
     d.Mostrar();
     EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(d.List1[0].ListIndex, 0);
+    EXPECT_EQ((std::vector<int>{d.List1[0].ListIndex, d.List1[1].ListIndex}), (std::vector<int>{0, 5}));
     EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"arte", "cine"}));
     EXPECT_EQ(Etiquetas()[0], "Arte ");
     EXPECT_EQ(d.Foco, C::List1_0);
@@ -582,10 +530,7 @@ TEST_F(DlgOpcionesTest, SinFicherosDePreguntas) {
         DlgOpciones d2(m2, p2, c2);
         d2.Mostrar();
         EXPECT_TRUE(d2.Visible);
-        ASSERT_EQ(p2.mensajes.size(), 1u);
-        EXPECT_EQ(p2.mensajes[0].texto, kAvisoCarpetaVacia);
-        EXPECT_EQ(p2.mensajes[0].estilo, vbExclamation);
-        EXPECT_EQ(p2.mensajes[0].titulo, "Sabelot");
+        UnAviso(p2, kAvisoCarpetaVacia);
         // Las listas siguen respondiendo aunque no haya ficheros.
         d2.CambiarFoco(C::List2_0);
         d2.Tecla(C::List2_0, kAbajo, 0);
@@ -603,7 +548,7 @@ TEST_F(DlgOpcionesTest, SinFicherosDePreguntas) {
         EXPECT_FALSE(d2.Visible);
         // Al volver a abrir sin ficheros se avisa otra vez; sin nombres que falten, Aceptar guarda.
         d2.Mostrar();
-        EXPECT_EQ(p2.TextosMensajes(), (std::vector<std::string>{kAvisoCarpetaVacia, kAvisoCarpetaVacia}));
+        UnAviso(p2, kAvisoCarpetaVacia);
         d2.Pulsar(C::OKButton);
         EXPECT_FALSE(d2.Visible);
         EXPECT_TRUE(p2.carpeta.Existe("Sabelot.ini"));
@@ -621,12 +566,10 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
     d.Mostrar();
     p.mensajes.clear();
     d.Pulsar(C::OKButton);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto,
-              "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
-              "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
-              "texto de esas categorías para dejarlas sin fichero.");
-    EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+    UnAviso(p,
+            "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
+            "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
+            "texto de esas categorías para dejarlas sin fichero.");
     EXPECT_TRUE(d.Visible);
     EXPECT_EQ(Ini(), antes);
     EXPECT_EQ(m.FicheroTema[1], "cine");
@@ -637,19 +580,16 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
         d.CambiarFoco(C::List2_2);
         Tecla(C::List2_2, kSupr);
     }
-    p.mensajes.clear();
     d.Pulsar(C::OKButton);
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto,
-              "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
-              "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
-              "categoría para dejarla sin fichero.");
+    UnAviso(p,
+            "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
+            "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
+            "categoría para dejarla sin fichero.");
     EXPECT_TRUE(d.Visible);
 
     // Copiados los ficheros, al volver a abrir se ven y Aceptar ya guarda.
     d.Pulsar(C::CancelButton);
     Preguntas({"arte", "cine"});
-    p.mensajes.clear();
     d.Mostrar();
     EXPECT_TRUE(p.mensajes.empty());
     EXPECT_EQ(d.List2[1].List, (std::vector<std::string>{"arte", "cine"}));
@@ -683,12 +623,10 @@ TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
         d.Mostrar();
         d.Tecla(C::List1_0, kAbajo, 0);
         d.Pulsar(C::OKButton);
-        ASSERT_EQ(p.mensajes.size(), 1u) << protegido;
-        EXPECT_EQ(
-            p.mensajes[0].texto,
-            "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
-            "próxima vez que abra el juego volverán las anteriores.");
-        EXPECT_EQ(p.mensajes[0].estilo, vbExclamation);
+        SCOPED_TRACE(protegido);
+        UnAviso(p,
+                "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
+                "próxima vez que abra el juego volverán las anteriores.");
         EXPECT_FALSE(d.Visible);
         EXPECT_EQ(m.NumJugadores, 2);
         EXPECT_EQ(p.carpeta.Existe("Sabelot.ini") ? p.carpeta.Leer("Sabelot.ini") : "", protegido ? ini : "");

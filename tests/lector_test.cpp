@@ -78,15 +78,21 @@ TEST_P(DescribirCasillaTest, TextoExacto) {
     }
 }
 
-TEST(Lector, LaTablaDeCasillasEstaEntera) { EXPECT_EQ(Casos().size(), 20u); }
+TEST(LectorTabla, EstaEntera) { EXPECT_EQ(Casos().size(), 20u); }
 
 INSTANTIATE_TEST_SUITE_P(Lector, DescribirCasillaTest, ::testing::ValuesIn(Casos()),
                          [](const auto& info) { return std::string(info.param.nombre); });
 
-TEST(Lector, MenosUnoEsLaCasillaDelCursor) {
+class LectorTest : public ::testing::Test {
+protected:
+    LectorTest() {
+        jp.f().ConstruirTablero();
+        jp.m().DimensionarTablas(1);
+    }
     JuegoPrueba jp;
-    jp.f().ConstruirTablero();
-    jp.m().DimensionarTablas(1);
+};
+
+TEST_F(LectorTest, MenosUnoEsLaCasillaDelCursor) {
     jp.f().CasillaCursor = 38;
     jp.f().DescribirCasilla();
     EXPECT_EQ("Casilla de dados" + C + " Cine derecha" + C + " Deportes y espectáculos izquierda",
@@ -99,12 +105,9 @@ TEST(Lector, MenosUnoEsLaCasillaDelCursor) {
     EXPECT_EQ(0u, jp.f().Texto1().find("Casilla de dados"));
 }
 
-TEST(Lector, ElCentroDiceElRadioAlQueMiraLlegueComoLlegue) {
+TEST_F(LectorTest, ElCentroDiceElRadioAlQueMiraLlegueComoLlegue) {
     // Aunque CasillaPrevia quede de una casilla lejana (llegada con una cifra), se
     // cuentan los radios que alcanzan Arriba y Abajo.
-    JuegoPrueba jp;
-    jp.f().ConstruirTablero();
-    jp.m().DimensionarTablas(1);
     jp.f().RumboCentro = 3;
     jp.f().CasillaPrevia = 40;
     jp.f().DescribirCasilla();
@@ -113,10 +116,7 @@ TEST(Lector, ElCentroDiceElRadioAlQueMiraLlegueComoLlegue) {
               jp.f().Texto1());
 }
 
-TEST(Lector, ElTemaDelCentroPasaA7AlNombrarlo) {
-    JuegoPrueba jp;
-    jp.f().ConstruirTablero();
-    jp.m().DimensionarTablas(1);
+TEST_F(LectorTest, ElTemaDelCentroPasaA7AlNombrarlo) {
     ASSERT_EQ(0, jp.f().Tablero[0].Tema);
     int posicion = 4, rumbo = -1;
     jp.f().DescribirCasilla(posicion, rumbo);
@@ -124,8 +124,7 @@ TEST(Lector, ElTemaDelCentroPasaA7AlNombrarlo) {
     EXPECT_NE(std::string::npos, jp.f().Texto1().find(" Casilla central arriba"));
 }
 
-TEST(Lector, NombreTema) {
-    JuegoPrueba jp;
+TEST_F(LectorTest, NombreTema) {
     struct {
         int tema;
         int despues;

@@ -419,26 +419,26 @@ TEST(Centro, UnaPruebaFallidaSeEmpiezaDeCeroAlVolver) {
     EXPECT_EQ(g.p().TextosMensajes().back(), "Desea jugar otra partida?");
 }
 
-TEST(Centro, MasQuesitosDeLosPedidosTambienAbrenLaPrueba) {
-    PartidaGuion g(1, 2);
-    g.DarQuesitos(1, {1, 2, 3});
-    g.f().PosicionFicha[1] = 1;
-    g.veredictos = {'M', 'M', 'M'};
-    g.elecciones = {1, 2, 3};
-    g.Tirar(1, 0);
-    EXPECT_EQ(g.vistas[1].titulo, "PRUEBA FINAL");
+// Con tantos quesitos como se piden, o más, la prueba final; quien perdió uno, pregunta normal.
+TEST(Centro, LaPruebaSegunLosQuesitos) {
+    const struct {
+        std::vector<int> quesitos;
+        std::string veredictos, titulo;
+        std::vector<int> elecciones;
+        int aciertos;  // en la categoría de la primera elección
+    } casos[] = {{{1, 2, 3}, "MMM", "PRUEBA FINAL", {1, 2, 3}, 0}, {{1}, "B", "Casilla central", {4}, 1}};
+    for (const auto& c : casos) {
+        PartidaGuion g(1, 2);
+        g.DarQuesitos(1, c.quesitos);
+        g.f().PosicionFicha[1] = 1;
+        g.veredictos.assign(c.veredictos.begin(), c.veredictos.end());
+        g.elecciones.assign(c.elecciones.begin(), c.elecciones.end());
+        g.Tirar(1, 0);
+        EXPECT_EQ(g.vistas[1].titulo, c.titulo);
+        EXPECT_EQ(g.m().Aciertos(c.elecciones[0], 1), c.aciertos);
+    }
 }
 
-TEST(Centro, QuienPerdioUnQuesitoTieneSoloPreguntaNormal) {
-    PartidaGuion g(1, 2);
-    g.DarQuesitos(1, {1});
-    g.f().PosicionFicha[1] = 1;
-    g.veredictos = {'B'};
-    g.elecciones = {4};
-    g.Tirar(1, 0);
-    EXPECT_EQ(g.vistas[1].titulo, "Casilla central");
-    EXPECT_EQ(g.m().Aciertos(4, 1), 1);
-}
 
 }  // namespace
 }  // namespace sabelot

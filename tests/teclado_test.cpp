@@ -26,28 +26,29 @@ struct Paseo {
     int cursor, rumbo;  // de dónde se sale
     std::vector<int> teclas;
     int cursorFinal, rumboFinal, pitidos;
+    int previa;  // CasillaPrevia: la de antes de la última tecla, aunque pite; 0 al llegar al centro
 };
 // En la lista de ctest, el nombre del paseo y no sus bytes.
 void PrintTo(const Paseo& p, std::ostream* os) { *os << p.nombre; }
 
 // clang-format off
 const Paseo kPaseos[] = {
-    {"ArribaDesdeElCentro", 0, 1, {vbKeyUp}, 1, 1, 0},
-    {"ArribaArribaVuelveMirandoAlOpuesto", 0, 1, {vbKeyUp, vbKeyUp}, 0, 4, 0},
-    {"ArribaArribaAbajoVuelveAlRadio", 0, 1, {vbKeyUp, vbKeyUp, vbKeyDown}, 1, 4, 0},
+    {"ArribaDesdeElCentro", 0, 1, {vbKeyUp}, 1, 1, 0, 0},
+    {"ArribaArribaVuelveMirandoAlOpuesto", 0, 1, {vbKeyUp, vbKeyUp}, 0, 4, 0, 0},
+    {"ArribaArribaAbajoVuelveAlRadio", 0, 1, {vbKeyUp, vbKeyUp, vbKeyDown}, 1, 4, 0, 0},
     {"DerechaSeisVecesDaLaVuelta", 0, 1,
-     {vbKeyRight, vbKeyRight, vbKeyRight, vbKeyRight, vbKeyRight, vbKeyRight}, 0, 1, 0},
-    {"IzquierdaDel1Al6", 0, 1, {vbKeyLeft}, 0, 6, 0},
-    {"AbajoMirandoAl5VaAl2", 0, 5, {vbKeyDown}, 2, 5, 0},
-    {"ArribaEnElAnillo40Pita", 40, 1, {vbKeyUp}, 40, 1, 1},
-    {"AbajoEnElQuesito11Pita", 11, 1, {vbKeyDown}, 11, 1, 1},
-    {"DerechaEnElRadio7Pita", 7, 1, {vbKeyRight}, 7, 1, 1},
-    {"IzquierdaEnElQuesito16Va44", 16, 1, {vbKeyLeft}, 44, 1, 0},
-    {"DerechaEnElQuesito11Va78", 11, 1, {vbKeyRight}, 78, 1, 0},
-    {"IzquierdaEn78CierraElAnillo", 78, 1, {vbKeyLeft}, 11, 1, 0},
-    {"DelQuesitoAlCentroPorElRadio", 26, 2, {vbKeyUp, vbKeyUp, vbKeyUp, vbKeyUp, vbKeyUp, vbKeyUp}, 0, 1, 0},
+     {vbKeyRight, vbKeyRight, vbKeyRight, vbKeyRight, vbKeyRight, vbKeyRight}, 0, 1, 0, 0},
+    {"IzquierdaDel1Al6", 0, 1, {vbKeyLeft}, 0, 6, 0, 0},
+    {"AbajoMirandoAl5VaAl2", 0, 5, {vbKeyDown}, 2, 5, 0, 0},
+    {"ArribaEnElAnillo40Pita", 40, 1, {vbKeyUp}, 40, 1, 1, 40},
+    {"AbajoEnElQuesito11Pita", 11, 1, {vbKeyDown}, 11, 1, 1, 11},
+    {"DerechaEnElRadio7Pita", 7, 1, {vbKeyRight}, 7, 1, 1, 7},
+    {"IzquierdaEnElQuesito16Va44", 16, 1, {vbKeyLeft}, 44, 1, 0, 16},
+    {"DerechaEnElQuesito11Va78", 11, 1, {vbKeyRight}, 78, 1, 0, 11},
+    {"IzquierdaEn78CierraElAnillo", 78, 1, {vbKeyLeft}, 11, 1, 0, 78},
+    {"DelQuesitoAlCentroPorElRadio", 26, 2, {vbKeyUp, vbKeyUp, vbKeyUp, vbKeyUp, vbKeyUp, vbKeyUp}, 0, 1, 0, 0},
     {"AbajoHastaElQuesitoYUnoMas", 0, 2,
-     {vbKeyUp, vbKeyDown, vbKeyDown, vbKeyDown, vbKeyDown, vbKeyDown, vbKeyDown}, 16, 2, 1},
+     {vbKeyUp, vbKeyDown, vbKeyDown, vbKeyDown, vbKeyDown, vbKeyDown, vbKeyDown}, 16, 2, 1, 16},
 };
 // clang-format on
 
@@ -63,6 +64,7 @@ TEST_P(PaseoTest, CursorRumboYPitidos) {
     EXPECT_EQ(paseo.cursorFinal, jp.f().CasillaCursor);
     EXPECT_EQ(paseo.rumboFinal, jp.f().RumboCentro);
     EXPECT_EQ(paseo.pitidos, jp.p.pitidos);
+    EXPECT_EQ(paseo.previa, jp.f().CasillaPrevia);
     EXPECT_TRUE(jp.p.mensajes.empty());
 }
 
@@ -126,60 +128,43 @@ TEST(Teclado, ElTituloSigueAlTurnoConCualquierTecla) {
     }
 }
 
-TEST(Teclado, TeclasSinEfecto) {
-    // O, G y A sin Control, y F4 con modificadores, como cualquier tecla fuera del mapa:
-    // nada, ni pitido, y CasillaPrevia como estaba.
-    const std::pair<int, int> teclas[] = {
-        {vbKeyO, 0},
-        {vbKeyG, 0},
-        {vbKeyA, 0},
-        {vbKeyO, vbShiftMask},
-        {vbKeyG, vbAltMask},
-        {vbKeyF4, vbShiftMask},
-        {vbKeyF4, vbAltMask},
-        {vbKeyF4, vbCtrlMask},
-        {90, 0},
-        {96, 0} /* 0 del teclado numérico */,
+// Guardar y cargar por sus teclas; O, G y A sin Control, y F4 con modificadores, como cualquier
+// tecla fuera del mapa: nada, ni pitido, y CasillaPrevia como estaba.
+TEST(Teclado, GuardarCargarYTeclasSinEfecto) {
+    const struct {
+        int tecla, shift;
+        const char* titulo;  // el de la caja del nombre, o nada
+    } casos[] = {
+        {vbKeyF3, 0, "Guardar Partida"}, {vbKeyF3, vbShiftMask, "Guardar Partida"},
+        {vbKeyF3, vbAltMask, "Guardar Partida"}, {vbKeyG, vbCtrlMask, "Guardar Partida"},
+        {vbKeyG, vbCtrlMask | vbShiftMask, "Guardar Partida"}, {vbKeyF4, 0, "Cargar partida"},
+        {vbKeyA, vbCtrlMask, "Cargar partida"}, {vbKeyA, vbCtrlMask | vbAltMask, "Cargar partida"},
+        {vbKeyO, 0, nullptr}, {vbKeyG, 0, nullptr}, {vbKeyA, 0, nullptr}, {vbKeyO, vbShiftMask, nullptr},
+        {vbKeyG, vbAltMask, nullptr}, {vbKeyF4, vbShiftMask, nullptr}, {vbKeyF4, vbAltMask, nullptr},
+        {vbKeyF4, vbCtrlMask, nullptr}, {90, 0, nullptr}, {96 /* 0 del teclado numérico */, 0, nullptr},
     };
-    for (const auto& [tecla, shift] : teclas) {
+    for (const auto& caso : casos) {
+        SCOPED_TRACE(std::to_string(caso.tecla) + "/" + std::to_string(caso.shift));
         JuegoPrueba jp;
         Preparar(jp);
         jp.f().CasillaCursor = 30;
         jp.f().CasillaPrevia = 29;
         jp.f().PonerTexto1("antes");
-        jp.Tecla(tecla, shift);
-        EXPECT_EQ("antes", jp.f().Texto1()) << tecla << "/" << shift;
-        EXPECT_EQ(29, jp.f().CasillaPrevia) << tecla << "/" << shift;
+        jp.p.textos.push_back("");
+        jp.Tecla(caso.tecla, caso.shift);
+        if (caso.titulo) {
+            ASSERT_EQ(1u, jp.p.entradas.size());
+            EXPECT_EQ(caso.titulo, jp.p.entradas[0].titulo);
+            EXPECT_EQ("Cancelado", jp.f().Texto1());
+        } else {
+            EXPECT_EQ("antes", jp.f().Texto1());
+            EXPECT_EQ(29, jp.f().CasillaPrevia);
+            EXPECT_TRUE(jp.p.entradas.empty());
+            EXPECT_TRUE(jp.p.sonidos.empty());
+        }
         EXPECT_EQ(30, jp.f().CasillaCursor);
         EXPECT_EQ(0, jp.p.pitidos);
         EXPECT_TRUE(jp.p.mensajes.empty());
-        EXPECT_TRUE(jp.p.entradas.empty()) << tecla << "/" << shift;
-        EXPECT_TRUE(jp.p.sonidos.empty());
-    }
-}
-
-TEST(Teclado, GuardarYCargarPorSusTeclas) {
-    struct {
-        int tecla, shift;
-        const char* titulo;
-    } const casos[] = {
-        {vbKeyF3, 0, "Guardar Partida"},
-        {vbKeyF3, vbShiftMask, "Guardar Partida"},
-        {vbKeyF3, vbAltMask, "Guardar Partida"},
-        {vbKeyG, vbCtrlMask, "Guardar Partida"},
-        {vbKeyG, vbCtrlMask | vbShiftMask, "Guardar Partida"},
-        {vbKeyF4, 0, "Cargar partida"},
-        {vbKeyA, vbCtrlMask, "Cargar partida"},
-        {vbKeyA, vbCtrlMask | vbAltMask, "Cargar partida"},
-    };
-    for (const auto& caso : casos) {
-        JuegoPrueba jp;
-        Preparar(jp);
-        jp.p.textos.push_back("");
-        jp.Tecla(caso.tecla, caso.shift);
-        ASSERT_EQ(1u, jp.p.entradas.size()) << caso.tecla << "/" << caso.shift;
-        EXPECT_EQ(caso.titulo, jp.p.entradas[0].titulo);
-        EXPECT_EQ("Cancelado", jp.f().Texto1());
     }
 }
 
@@ -237,18 +222,6 @@ TEST(Teclado, CifrasYVVanALaFichaTambienDesdeElCentro) {
     jp.Tecla(vbKeyV, vbShiftMask);
     EXPECT_EQ(44, jp.f().CasillaCursor);
     EXPECT_EQ(0, jp.p.pitidos);
-}
-
-TEST(Teclado, CasillaPreviaGuardaLaDeAntesDeCadaTecla) {
-    JuegoPrueba jp;
-    Preparar(jp);
-    jp.f().CasillaCursor = 40;
-    jp.f().CasillaPrevia = 0;
-    jp.Tecla(vbKeyUp);  // pita, pero CasillaPrevia queda en 40
-    EXPECT_EQ(40, jp.f().CasillaPrevia);
-    jp.Tecla(vbKeyLeft);
-    EXPECT_EQ(41, jp.f().CasillaCursor);
-    EXPECT_EQ(40, jp.f().CasillaPrevia);
 }
 
 // Vista que apunta el foco.

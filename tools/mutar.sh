@@ -15,7 +15,9 @@ cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null
 "$dir/tests/pruebas" --gtest_brief=1 >/dev/null || { echo "Las pruebas ya fallan sin mutantes" >&2; exit 2; }
 
 guardado=$(mktemp -d)
-trap 'for f in "$guardado"/*; do [ -e "$f" ] && cp -p "$f" "$(cat "$f.ruta")"; done 2>/dev/null; rm -rf "$guardado"' EXIT
+# Al devolver un fichero, con la hora de ahora (cp sin -p): con la de antes, make daría por buena la
+# construcción del mutante y el siguiente se probaría con los dos fallos a la vez.
+trap 'for f in "$guardado"/*; do [ -e "$f" ] && cp "$f" "$(cat "$f.ruta")"; done 2>/dev/null; rm -rf "$guardado"' EXIT
 
 total=0 muertos=0 rotos=0
 vivos=()
@@ -44,7 +46,8 @@ PY
     resultado="muerto"
     muertos=$((muertos + 1))
   fi
-  cp -p "$copia" "$fichero" && rm -f "$copia" "$copia.ruta"
+  cp "$copia" "$fichero" && rm -f "$copia" "$copia.ruta"
+
   printf '%3d %-8s %s: %s\n' "$total" "$resultado" "$fichero" "$que"
 done <"$lista"
 cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null

@@ -84,6 +84,10 @@ TEST_F(VentanaOpcionesTest, JugadoresConLasTeclasYAceptar) {
     // tecla de acceso), su ayuda y la fila elegida, que el lector dice al llegar.
     EXPECT_TRUE(anun.dichos.empty());
     EXPECT_EQ(anun.nombres[v->Lista(3)].first, "Ficheros de preguntas");
+    EXPECT_EQ(anun.nombres[v->Lista(3)].second,
+              wxString::FromUTF8("Seleccione el archivo que proporcionará las preguntas para esta categoría"));
+
+
 }
 
 TEST_F(VentanaOpcionesTest, CerrarDesdeLaBarraDescargaElDialogo) {

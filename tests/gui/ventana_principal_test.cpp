@@ -22,18 +22,6 @@ const std::string kBienvenida =
     "Las categorías actualmente seleccionadas son: \r\n"
     "Cine,\r\nDeportes y espectáculos,\r\nHistoria,\r\nLiteratura,\r\nCiencias sociales,\r\nCotilleos.";
 
-const std::string kListaTeclas =
-    "LISTA DE TECLAS.\r\n"
-    "Cursores: Desplazarse por el tablero.\r\n"
-    "1 al 6: Ir a la posición de la ficha correspondiente.\r\n"
-    "Énter, Espacio o d: Lanzar el dado.\r\n"
-    "Control-o: Diálogo de opciones de juego.\r\n"
-    "e: Muestra los quesitos conseguidos y las estadísticas de aciertos para el jugador actual.\r\n"
-    "F2: Activa y desactiva la lectura de las casillas adyacentes a la actual.\r\n"
-    "F3, Control G: Permite guardar una partida.\r\n"
-    "F4, Control A: Permite cargar una partida previamente guardada.\r\n"
-    "F1: Muestra esta lista de teclas.";
-
 bool EsEleccionDeDado(const DialogoVisto& v) {
     return v.clase == DialogoVisto::Otro && v.titulo.size() == 1 && v.titulo[0] >= '1' && v.titulo[0] <= '6';
 }
@@ -102,7 +90,7 @@ protected:
     int finesDado = 0;
 };
 
-TEST_F(VentanaReal, LaBienvenidaSaleAntesQueLaVentana) {
+TEST_F(VentanaReal, LaBienvenidaSaleAntesQueLaVentanaYLasFlechasYF2CambianText1) {
     Arrancar();
     ASSERT_EQ(vigilante->vistos.size(), 1u);
     const DialogoVisto& v = vigilante->vistos[0];
@@ -113,24 +101,7 @@ TEST_F(VentanaReal, LaBienvenidaSaleAntesQueLaVentana) {
     EXPECT_EQ(Titulo(), "SÁBELOT - Jugador 1");
     EXPECT_EQ(Text1(), f().Texto1());
     EXPECT_NE(Text1().find("Todas las fichas."), std::string::npos);
-}
 
-TEST_F(VentanaReal, SinUnFicheroDePreguntasAvisaAntesDeLaVentana) {
-    carpeta.Borrar("preguntas/historia.qzf");
-    Arrancar();
-    ASSERT_EQ(vigilante->vistos.size(), 2u);
-    EXPECT_EQ(vigilante->vistos[0].texto, kBienvenida);
-    const DialogoVisto& aviso = vigilante->vistos[1];
-    EXPECT_EQ(aviso.titulo, "Atención");
-    EXPECT_EQ(aviso.texto,
-              "Alguno/s de los ficheros de preguntas seleccionados la última vez no se encuentran disponibles en "
-              "estos momentos. \r\nEntre en el menú de opciones pulsando Control o y reajuste su selección de "
-              "ficheros.");
-    EXPECT_FALSE(aviso.principalVisible);
-}
-
-TEST_F(VentanaReal, LasFlechasYF2CambianText1) {
-    Arrancar();
     ASSERT_TRUE(TeclaQueDice(WXK_RIGHT));
     EXPECT_EQ(f().RumboCentro, 2);
     EXPECT_EQ(Text1(), f().Texto1());
@@ -155,27 +126,6 @@ TEST_F(VentanaReal, ConElFocoEnText1LaTeclaVuelveAPicture1YActua) {
     EXPECT_TRUE(ventana()->FocoEnPicture1());
 }
 
-TEST_F(VentanaReal, F1MuestraLaListaDeTeclas) {
-    Arrancar();
-    PulsarTecla(WXK_F1);
-    ASSERT_TRUE(EsperarHasta([this] { return vigilante->vistos.size() == 2 &&
-                                              programa->plataforma().ModalesAbiertos() == 0; }));
-    const DialogoVisto& v = vigilante->vistos[1];
-    EXPECT_EQ(v.clase, DialogoVisto::Mensaje);
-    EXPECT_EQ(v.titulo, "Sabelot");
-    EXPECT_EQ(v.texto, kListaTeclas);
-    EXPECT_TRUE(v.principalVisible);
-    EXPECT_TRUE(EsperarHasta([this] { return ventana()->IsActive() && ventana()->FocoEnPicture1(); }));
-}
-
-TEST_F(VentanaReal, UnaTeclaDeDadoEsUnaTirada) {
-    Arrancar();
-    PulsarTecla('D');
-    ASSERT_TRUE(EsperarCalma(1));
-    EXPECT_EQ(finesDado, 1);
-    EXPECT_EQ(Tiradas(), 1);
-}
-
 TEST_F(VentanaReal, ElDadoRepetidoMientrasSuenaTiraUnaVez) {
     Arrancar();
     PulsarTecla(WXK_SPACE);
@@ -196,10 +146,13 @@ TEST_F(VentanaReal, LaTiradaEsperaAQueSeCierreElMensaje) {
     PulsarTecla(WXK_F1);
     ASSERT_TRUE(EsperarCalma(1));
     ASSERT_GE(vigilante->vistos.size(), 3u);
-    EXPECT_EQ(vigilante->vistos[1].texto, kListaTeclas);
+    EXPECT_EQ(vigilante->vistos[1].clase, DialogoVisto::Mensaje);
+    EXPECT_EQ(vigilante->vistos[1].texto.rfind("LISTA DE TECLAS.\r\n", 0), 0u);
+    EXPECT_TRUE(vigilante->vistos[1].principalVisible);
     EXPECT_TRUE(EsEleccionDeDado(vigilante->vistos[2]));
     EXPECT_FALSE(vigilante->vistos[2].hayOtroModalDebajo);
     EXPECT_EQ(Tiradas(), 1);
+    EXPECT_TRUE(EsperarHasta([this] { return ventana()->IsActive() && ventana()->FocoEnPicture1(); }));
 }
 
 TEST_F(VentanaReal, SinElSonidoDelDadoLaTiradaSigue) {
