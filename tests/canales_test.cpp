@@ -98,6 +98,10 @@ TEST(Cp1252, IdaYVuelta) {
     std::string bytes = Utf8ACp1252(utf8);
     EXPECT_EQ(std::string("Caj\xF3n"), bytes.substr(0, 5));
     EXPECT_EQ(utf8, Cp1252AUtf8(bytes));
+    // Los cinco bytes que Windows-1252 no define van y vuelven tal cual, sin volverse «?».
+    const std::string sinDefinir = "\x81\x8D\x8F\x90\x9D";
+    EXPECT_EQ(sinDefinir, Utf8ACp1252(Cp1252AUtf8(sinDefinir)));
+    EXPECT_EQ("\xC2\x81", Cp1252AUtf8("\x81"));
     bool perdido = false;
     EXPECT_EQ("?", Utf8ACp1252("日", &perdido));
     EXPECT_TRUE(perdido);

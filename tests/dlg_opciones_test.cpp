@@ -220,6 +220,11 @@ TEST_F(DlgOpcionesTest, LasTresListasSeMuevenJuntas) {
     // Moverse por categorías y etiquetas no apunta nada.
     EXPECT_EQ(d.FicheroElegido, (std::array<std::string, 6>{"", "c", "", "", "", ""}));
     EXPECT_EQ(Etiquetas()[1], "Ciencia ");
+    // Entrar en una lista pone al día las etiquetas aunque los ficheros ya estén en su sitio.
+    d.CambiarFoco(C::List2_2);
+    d.List2[2].ListIndex = 4;
+    d.CambiarFoco(C::List2_0);
+    EXPECT_EQ(Filas(), "0 0 1 1 1 ");
 }
 
 TEST_F(DlgOpcionesTest, SalirDeLosFicherosTomaElResaltadoYPoneLaEtiqueta) {
