@@ -11,7 +11,8 @@ lista=tools/mutar/mutantes.tsv
 
 tools/preparar.sh
 cmake -S . -B "$dir" -DCMAKE_BUILD_TYPE=Debug -DSABELOT_GUI=OFF -DSABELOT_PRUEBAS=ON >/dev/null
-cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null
+# Desde cero: un objeto de un mutante de otra vez no puede colarse en la construcción.
+cmake --build "$dir" -j"$(nproc)" --target pruebas --clean-first >/dev/null
 "$dir/tests/pruebas" --gtest_brief=1 >/dev/null || { echo "Las pruebas ya fallan sin mutantes" >&2; exit 2; }
 
 guardado=$(mktemp -d)
@@ -50,7 +51,8 @@ PY
 
   printf '%3d %-8s %s: %s\n' "$total" "$resultado" "$fichero" "$que"
 done <"$lista"
-cmake --build "$dir" -j"$(nproc)" --target pruebas >/dev/null
+# Desde cero: un objeto de un mutante de otra vez no puede colarse en la construcción.
+cmake --build "$dir" -j"$(nproc)" --target pruebas --clean-first >/dev/null
 
 echo
 echo "Mutantes: $((total - rotos)); muertos: $muertos; vivos: $((total - rotos - muertos))"
