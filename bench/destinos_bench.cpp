@@ -42,7 +42,9 @@ public:
 
 protected:
     int CuadroMensaje(const std::string&, int, const std::string&) override { return vbOK; }
-    std::string CuadroEntrada(const std::string&, const std::string&, const std::string&) override { return ""; }
+    std::string CuadroEntrada(const std::string&, const std::string&, const std::string&) override {
+        return "";
+    }
     void AbrirDialog(Dialog& d) override {
         d.Form_Load();
         d.Form_Activate();
@@ -77,8 +79,8 @@ void BM_Destinos474(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(juego.m.ListaValores);
     }
-    state.counters["tiradas"] = benchmark::Counter(474.0 * static_cast<double>(state.iterations()),
-                                                   benchmark::Counter::kIsRate);
+    state.counters["tiradas"] =
+        benchmark::Counter(474.0 * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
     if (p.pitidos != 473L * static_cast<long>(state.iterations()))
         state.SkipWithError("la cuenta de pitidos no cuadra");
 }

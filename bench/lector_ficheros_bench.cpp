@@ -9,8 +9,8 @@
 #include <string>
 
 #include "engine/juego.h"
-#include "storage/opciones.h"
 #include "plataforma_muda.h"
+#include "storage/opciones.h"
 
 namespace fs = std::filesystem;
 
@@ -21,7 +21,8 @@ namespace {
 class PlataformaDisco : public PlataformaMuda {
 public:
     PlataformaDisco() {
-        const fs::path ruta = fs::temp_directory_path() / ("sabelot-disco-" + std::to_string(std::random_device{}()));
+        const fs::path ruta =
+            fs::temp_directory_path() / ("sabelot-disco-" + std::to_string(std::random_device{}()));
         fs::create_directories(ruta);
         carpeta = ruta.string();
         respuestaInputBox = "medida";
@@ -68,8 +69,8 @@ void DescribirLas79(benchmark::State& state) {
         }
         benchmark::DoNotOptimize(letras);
     }
-    state.counters["casillas"] = benchmark::Counter(79.0 * static_cast<double>(state.iterations()),
-                                                    benchmark::Counter::kIsRate);
+    state.counters["casillas"] =
+        benchmark::Counter(79.0 * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
 }
 BENCHMARK(DescribirLas79)->Unit(benchmark::kMicrosecond);
 

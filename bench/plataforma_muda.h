@@ -21,7 +21,9 @@ public:
     void Beep() override {}
     void Reproducir(Reproductor, const std::string&) override {}
     void Hora(int& h, int& m, int& s) override { h = m = s = 1; }
-    void Randomize(std::int64_t semilla) override { azar_.seed(static_cast<std::mt19937::result_type>(semilla)); }
+    void Randomize(std::int64_t semilla) override {
+        azar_.seed(static_cast<std::mt19937::result_type>(semilla));
+    }
     double Rnd() override { return std::uniform_real_distribution<double>(0.0, 1.0)(azar_); }
     std::string CarpetaPrograma() override { return carpeta; }
     SistemaFicheros& Ficheros() override { return ficheros_; }

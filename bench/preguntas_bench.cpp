@@ -2,22 +2,21 @@
 // nuevo, sacar una con el 95 % ya usado (pasa por casi todo el fichero), la cuenta, y
 // pasadas simples por el mismo fichero para comparar.
 #include <benchmark/benchmark.h>
-
 #include <sys/resource.h>
 
 #include <cstdlib>
-#include <functional>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <random>
 #include <string>
 
 #include "comun/estado.h"
 #include "comun/plataforma.h"
+#include "plataforma_muda.h"
 #include "questions/dialog1.h"
 #include "questions/registro.h"
 #include "storage/canales.h"
-#include "plataforma_muda.h"
 
 namespace fs = std::filesystem;
 
@@ -166,8 +165,8 @@ long PicoKb() {
     return uso.ru_maxrss;
 }
 
-void FicheroRaro(benchmark::State& state, const std::string& nombre, const std::function<void(std::ofstream&)>& escribir,
-                 std::uintmax_t tamano) {
+void FicheroRaro(benchmark::State& state, const std::string& nombre,
+                 const std::function<void(std::ofstream&)>& escribir, std::uintmax_t tamano) {
     const fs::path ruta = LaCarpeta().ruta / "preguntas" / (nombre + ".qzf");
     {
         std::ofstream f(ruta, std::ios::binary);
@@ -205,7 +204,8 @@ void LineaDe10Mb(benchmark::State& state) {
 BENCHMARK(LineaDe10Mb)->Unit(benchmark::kMillisecond);
 
 void UnGibSinSaltos(benchmark::State& state) {
-    FicheroRaro(state, "gib", [](std::ofstream& f) { f << "q>"; }, std::uintmax_t{1} << 30);
+    FicheroRaro(
+        state, "gib", [](std::ofstream& f) { f << "q>"; }, std::uintmax_t{1} << 30);
 }
 BENCHMARK(UnGibSinSaltos)->Iterations(3)->Unit(benchmark::kMillisecond);
 

@@ -1,11 +1,12 @@
 // Qué oye el jugador: lo que decide comun/anuncios.h, paso a paso y en la partida.
+#include "comun/anuncios.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "apoyo/juego_prueba.h"
-#include "comun/anuncios.h"
 
 namespace sabelot {
 namespace {
@@ -52,7 +53,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         CasoVoz{"FueraDeUnTramoSeDiceYa", {{'R', "Casilla central"}}, {"P:Casilla central"}},
         CasoVoz{"UnTextoReemplazadoAntesDeDecirseNoSeOye",
-                {{'[', ""}, {'R', "Fallaste, pierdes el turno."}, {'R', "Fallaste: has desaprovechado"}, {']', ""}},
+                {{'[', ""},
+                 {'R', "Fallaste, pierdes el turno."},
+                 {'R', "Fallaste: has desaprovechado"},
+                 {']', ""}},
                 {"P:Fallaste: has desaprovechado"}},
         CasoVoz{"LoAnadidoVaConLoPendiente",
                 {{'[', ""}, {'R', "Fallaste."}, {'A', "\r\nTurno del jugador 2."}, {']', ""}},
@@ -63,16 +67,27 @@ INSTANTIATE_TEST_SUITE_P(
         CasoVoz{"ElMismoTextoEnLaMismaTeclaNoSeRepite",
                 {{'[', ""}, {'R', "Casilla de Cine"}, {'S', ""}, {'R', "Casilla de Cine"}, {']', ""}},
                 {"P:Casilla de Cine"}},
-        CasoVoz{"ElMismoTextoEnOtraTeclaSiSeOye",
-                {{'[', ""}, {'R', "Casilla de Cine"}, {']', ""}, {'[', ""}, {'R', "Casilla de Cine"}, {']', ""}},
-                {"P:Casilla de Cine", "P:Casilla de Cine"}},
+        CasoVoz{
+            "ElMismoTextoEnOtraTeclaSiSeOye",
+            {{'[', ""}, {'R', "Casilla de Cine"}, {']', ""}, {'[', ""}, {'R', "Casilla de Cine"}, {']', ""}},
+            {"P:Casilla de Cine", "P:Casilla de Cine"}},
         CasoVoz{"UnPanelVacioNoDiceNada", {{'[', ""}, {'R', "Algo"}, {'R', ""}, {']', ""}}, {}},
         CasoVoz{"ElDialogoSeOyeEnSuOrdenYSeRepite",
-                {{'[', ""}, {'R', "Casilla de Cine"}, {'S', ""}, {'[', ""}, {'D', "2. Seis"}, {']', ""},
-                 {'[', ""}, {'D', "2. Seis"}, {']', ""}, {'R', "Muy bien, sigue  así."}, {']', ""}},
+                {{'[', ""},
+                 {'R', "Casilla de Cine"},
+                 {'S', ""},
+                 {'[', ""},
+                 {'D', "2. Seis"},
+                 {']', ""},
+                 {'[', ""},
+                 {'D', "2. Seis"},
+                 {']', ""},
+                 {'R', "Muy bien, sigue  así."},
+                 {']', ""}},
                 {"P:Casilla de Cine", "D:2. Seis", "D:2. Seis", "P:Muy bien, sigue  así."}},
         CasoVoz{"UnTramoDentroDeOtroSueltaLoSuyoAlAcabar",
-                {{'[', ""}, {'[', ""}, {'R', "uno"}, {']', ""}, {'R', "dos"}, {']', ""}}, {"P:uno", "P:dos"}}),
+                {{'[', ""}, {'[', ""}, {'R', "uno"}, {']', ""}, {'R', "dos"}, {']', ""}},
+                {"P:uno", "P:dos"}}),
     [](const ::testing::TestParamInfo<CasoVoz>& i) { return std::string(i.param.nombre); });
 
 // En la partida: lo que se oye tras cada tecla es lo que el juego deja en el panel y en sus
@@ -144,8 +159,9 @@ TEST_F(VozEnLaPartida, CadaPasoEntreRespuestasSeDiceAunqueSeaLaMisma) {
 }
 
 TEST_F(VozEnLaPartida, UnaPreguntaConBytesDeControlSeVeYSeOyeConBlancos) {
-    j.p.carpeta.Escribir("preguntas/cotilleos.qzf",
-                         std::string("q>Una\x01pregunta\x07rara\r\n1>Uno\x1B\r\n2>Do") + '\0' + "s\r\na>1\r\n\r\n");
+    j.p.carpeta.Escribir(
+        "preguntas/cotilleos.qzf",
+        std::string("q>Una\x01pregunta\x07rara\r\n1>Uno\x1B\r\n2>Do") + '\0' + "s\r\na>1\r\n\r\n");
     std::string pregunta, respuesta;
     j.p.alMostrarDialog1 = [&](Dialog1& d) {
         d.Visible = true;

@@ -1,11 +1,12 @@
 // El arranque: orden de los pasos, bienvenida, semilla y partida nueva.
+#include "engine/arranque.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
 
 #include "apoyo/datos_prueba.h"
 #include "apoyo/juego_prueba.h"
-#include "engine/arranque.h"
 
 namespace sabelot {
 namespace {
@@ -60,9 +61,8 @@ TEST(Arranque, SinOpcionesNiFicherosBienvenidaYAviso) {
     JuegoPrueba j;
     j.Arrancar(false);
     ASSERT_EQ(j.p.mensajes.size(), 2u);
-    EXPECT_EQ(j.p.mensajes[0].texto,
-              "Partida de 1 jugador  que debe conseguir 0 quesitos. \r\n" + kSegundaLinea +
-                  ",\r\n,\r\n,\r\n,\r\n,\r\n.");
+    EXPECT_EQ(j.p.mensajes[0].texto, "Partida de 1 jugador  que debe conseguir 0 quesitos. \r\n" +
+                                         kSegundaLinea + ",\r\n,\r\n,\r\n,\r\n,\r\n.");
     EXPECT_EQ(j.p.mensajes[0].titulo, "Sábelot");
     EXPECT_EQ(j.p.mensajes[0].estilo, 0);
     EXPECT_EQ(j.p.mensajes[1].texto,
@@ -94,7 +94,8 @@ TEST(Arranque, EstadoAntesDeLaPrimeraTecla) {
     EXPECT_EQ(tablas, 4444);
     EXPECT_EQ(quesitos, 3);
     EXPECT_EQ(j.p.TextosMensajes().size(), 1u);  // los seis ficheros están
-    EXPECT_EQ(j.p.mensajes[0].texto.substr(0, 56), "Partida de 4 jugadores  que deben conseguir 3 quesitos. ");
+    EXPECT_EQ(j.p.mensajes[0].texto.substr(0, 56),
+              "Partida de 4 jugadores  que deben conseguir 3 quesitos. ");
     EXPECT_EQ(j.m().NumJugadores, 4);
     EXPECT_EQ(j.f().PosicionFicha, (std::array<int, 7>{}));
     EXPECT_EQ(j.f().JugadorActual, 1);

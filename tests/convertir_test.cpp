@@ -1,5 +1,7 @@
 // La conversión de Aiken, GIFT y OpenTDB a .qzf: lo convertido byte a byte, cada
 // aviso con su lugar, y que el resultado pase la revisión sin un solo problema.
+#include "conversion/convertir.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -8,7 +10,6 @@
 #include <sstream>
 
 #include "apoyo/datos_prueba.h"
-#include "conversion/convertir.h"
 #include "questions/revision.h"
 
 namespace sabelot {

@@ -1,8 +1,9 @@
 // Dialog1 sobre la plataforma con guion: lo que se ve, las teclas y el veredicto.
+#include "questions/dialog1.h"
+
 #include <gtest/gtest.h>
 
 #include "apoyo/juego_prueba.h"
-#include "questions/dialog1.h"
 #include "storage/canales.h"
 
 namespace sabelot {
@@ -60,9 +61,8 @@ protected:
     }
 };
 
-const std::string kTres =
-    Qzf({"q>¿Cuántos lados tiene un hexágono?", "1>Cinco", "2>Seis", "3>Ocho", "a>2", "c>Seis lados",
-         "y seis ángulos."});
+const std::string kTres = Qzf({"q>¿Cuántos lados tiene un hexágono?", "1>Cinco", "2>Seis", "3>Ocho", "a>2",
+                               "c>Seis lados", "y seis ángulos."});
 
 TEST_F(Dialogo1, LoQueSeVeAlPreguntar) {
     Poner(2, kTres);
@@ -108,18 +108,29 @@ TEST_F(Dialogo1, TeclasDeLasRespuestas) {
     struct Paso {
         int tecla;
         std::string text2;
-        int pitidos;    // acumulados
-        int codigo;     // como queda el código
+        int pitidos;  // acumulados
+        int codigo;   // como queda el código
     };
     const std::vector<Paso> pasos = {
-        {40, "2. Seis", 0, 40},  {40, "3. Ocho", 0, 40}, {40, "1. Cinco", 1, 40},
-        {38, "3. Ocho", 2, 38},  {38, "2. Seis", 2, 38},
+        {40, "2. Seis", 0, 40},
+        {40, "3. Ocho", 0, 40},
+        {40, "1. Cinco", 1, 40},
+        {38, "3. Ocho", 2, 38},
+        {38, "2. Seis", 2, 38},
         // Tragadas: izquierda, derecha, inicio, fin, suprimir, letras, cifras, F1.
-        {37, "2. Seis", 2, 0},   {39, "2. Seis", 2, 0},  {36, "2. Seis", 2, 0},
-        {35, "2. Seis", 2, 0},   {46, "2. Seis", 2, 0},  {65, "2. Seis", 2, 0},
-        {49, "2. Seis", 2, 0},   {51, "2. Seis", 2, 0},  {112, "2. Seis", 2, 0},
+        {37, "2. Seis", 2, 0},
+        {39, "2. Seis", 2, 0},
+        {36, "2. Seis", 2, 0},
+        {35, "2. Seis", 2, 0},
+        {46, "2. Seis", 2, 0},
+        {65, "2. Seis", 2, 0},
+        {49, "2. Seis", 2, 0},
+        {51, "2. Seis", 2, 0},
+        {112, "2. Seis", 2, 0},
         // Por debajo de 32 se dejan a la ventana.
-        {9, "2. Seis", 2, 9},    {27, "2. Seis", 2, 27}, {8, "2. Seis", 2, 8},
+        {9, "2. Seis", 2, 9},
+        {27, "2. Seis", 2, 27},
+        {8, "2. Seis", 2, 8},
     };
     Poner(1, kTres);
     Abrir(1);
@@ -158,15 +169,20 @@ TEST_F(Dialogo1, Veredictos) {
     };
     const std::string sinComentario = Qzf({"q>P", "1>Cinco", "2>Seis", "a>2"});
     const std::vector<Caso> casos = {
-        {"bien con comentario", kTres, {40, 13}, "respuesta correcta.\r\nSeis lados\r\ny seis ángulos.",
+        {"bien con comentario",
+         kTres,
+         {40, 13},
+         "respuesta correcta.\r\nSeis lados\r\ny seis ángulos.",
          true},
-        {"bien con espacio", kTres, {40, 32}, "respuesta correcta.\r\nSeis lados\r\ny seis ángulos.",
-         true},
+        {"bien con espacio", kTres, {40, 32}, "respuesta correcta.\r\nSeis lados\r\ny seis ángulos.", true},
         {"bien sin comentario", sinComentario, {40, 13}, "respuesta correcta", true},
         {"mal no da comentario", kTres, {13}, "La respuesta correcta era Seis", false},
         {"mal tras dar la vuelta", kTres, {38, 32}, "La respuesta correcta era Seis", false},
-        {"comentario de la a", Qzf({"q>P", "1>A", "a>1 Muy fácil"}), {13},
-         "respuesta correcta.\r\nMuy fácil", true},
+        {"comentario de la a",
+         Qzf({"q>P", "1>A", "a>1 Muy fácil"}),
+         {13},
+         "respuesta correcta.\r\nMuy fácil",
+         true},
     };
     // En la última categoría, que también cuenta.
     for (const auto& c : casos) {

@@ -1,10 +1,11 @@
 // Dialog: botones, rótulos, valores y foco según las opciones; la pregunta de salir.
+#include "frontend/dialog.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "apoyo/plataforma_guion.h"
-#include "frontend/dialog.h"
 
 namespace sabelot {
 namespace {
@@ -80,18 +81,25 @@ const std::vector<std::string> kDos = {"-", "Centro (arriba )=0", "Otra (abajo )
 INSTANTIATE_TEST_SUITE_P(
     Dialog, DisposicionTest,
     ::testing::Values(
-        Disposicion{4, "21_", "Uno (abajo )\r\n", {"Uno (abajo )=21", "-", "-", "-", "-", "-", "-"}, 0, 0, 21},
+        Disposicion{
+            4, "21_", "Uno (abajo )\r\n", {"Uno (abajo )=21", "-", "-", "-", "-", "-", "-"}, 0, 0, 21},
         Disposicion{2, "0_14_", "Centro (arriba )\r\nOtra (abajo )\r\n", kDos, 1, 1, 0},
         Disposicion{2, "0_14_", "Centro (arriba )\r\nOtra (abajo )\r\n", kDos, 1, 2, 14},
-        Disposicion{3, "40_45_14_", "a\r\nb\r\nc\r\n", {"a=40", "b=45", "c=14", "-", "-", "-", "-"}, 0, 2, 14},
-        Disposicion{6, "15_20_25_30_35_78_37_", "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n",
-                    {"1=15", "2=20", "3=25", "4=30", "5=35", "6=78", "7=37"}, 0, 6, 37}));
+        Disposicion{
+            3, "40_45_14_", "a\r\nb\r\nc\r\n", {"a=40", "b=45", "c=14", "-", "-", "-", "-"}, 0, 2, 14},
+        Disposicion{6,
+                    "15_20_25_30_35_78_37_",
+                    "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n",
+                    {"1=15", "2=20", "3=25", "4=30", "5=35", "6=78", "7=37"},
+                    0,
+                    6,
+                    37}));
 
 TEST_F(DialogTest, TituloSegunValorEnDado) {
     const struct {
         int valor;
         const char* titulo;
-    } casos[] = {{1, "1"}, {6, "6"}, {-1, "Casilla central"}, {-2, "PRUEBA FINAL"},
+    } casos[] = {{1, "1"},           {6, "6"},           {-1, "Casilla central"}, {-2, "PRUEBA FINAL"},
                  {0, "Mover ficha"}, {-3, "Mover ficha"}};
     for (const auto& c : casos) {
         Abrir(c.valor, "1_", "Elija:\r\nx\r\n");
@@ -199,7 +207,8 @@ TEST_F(DialogTest, ListasFueraDeLoQueSeEspera) {
         std::string lista, mensaje;
         std::vector<std::string> botones;
     } casos[] = {
-        {"1_2_3_4_5_6_7_8_", "Elige:\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n",
+        {"1_2_3_4_5_6_7_8_",
+         "Elige:\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n",
          {"1=1", "2=2", "3=3", "4=4", "5=5", "6=6", "7=7"}},
         {"1_2_3_4_", "Elige:\r\nuno\r\ndos\r\ntres", {"-", "uno=1", "dos=2", "-", "-", "-", "-"}},
         {"", "Elige:\r\nuno\r\n", {}},
@@ -215,7 +224,6 @@ TEST_F(DialogTest, ListasFueraDeLoQueSeEspera) {
             EXPECT_EQ(Botones(), c.botones);
         }
 #endif
-
     }
 }
 

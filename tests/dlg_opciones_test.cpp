@@ -22,7 +22,8 @@ constexpr int kEnter = 13, kInicio = 36, kArriba = 38, kAbajo = 40, kSupr = 46, 
 const std::string kNoEsp = "(No especificado)";
 
 const std::string kAvisoCarpetaVacia =
-    "No hay ficheros de preguntas en la carpeta preguntas. Copie allí ficheros con la extensión .qzf y vuelva "
+    "No hay ficheros de preguntas en la carpeta preguntas. Copie allí ficheros con la extensión .qzf y "
+    "vuelva "
     "a abrir las opciones.";
 
 class DlgOpcionesTest : public ::testing::Test {
@@ -33,7 +34,8 @@ protected:
     DlgOpciones d{m, p, canales};
 
     void Preguntas(std::initializer_list<std::string> nombres) {
-        for (const auto& n : nombres) p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
+        for (const auto& n : nombres)
+            p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
     }
     void Tecla(C c, int codigo, int veces = 1, int shift = 0) {
         for (int i = 0; i < veces; ++i) d.Tecla(c, codigo, shift);
@@ -304,7 +306,8 @@ TEST_F(DlgOpcionesTest, EditarLaEtiqueta) {
 
 TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
     // Antes se aceptaban y volvían como "?" (o rompían las comillas) al leer Sabelot.ini o una partida.
-    const std::string kLetras = "La etiqueta lleva letras o signos que el juego no puede guardar. Escriba otra.";
+    const std::string kLetras =
+        "La etiqueta lleva letras o signos que el juego no puede guardar. Escriba otra.";
     const std::pair<std::string, std::string> rechazadas[] = {
         {"Cine 日本", kLetras},
         {"Historia ő", kLetras},
@@ -353,11 +356,14 @@ TEST_F(DlgOpcionesTest, EtiquetaQueNoSePuedeGuardarSeRechazaYSePideOtra) {
 TEST_F(DlgOpcionesTest, AyudasConF1) {
     Preguntas({"cine"});
     d.Mostrar();
-    const std::string jugadores = "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6.";
+    const std::string jugadores =
+        "Seleccione el número de jugadores que van a participar. Pueden ser entre 1 y 6.";
     auto ficheros = [](int categoria) {
-        return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
+        return "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente "
+               "seleccionada (" +
                std::to_string(categoria) +
-               "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas "
+               "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de "
+               "preguntas "
                "para más de una categoría. El nombre del fichero de preguntas se introducirá como texto "
                "predeterminado para mostrarlo en las casillas de esta categoría.";
     };
@@ -369,7 +375,8 @@ TEST_F(DlgOpcionesTest, AyudasConF1) {
         {C::List1_0, 0, 0, jugadores},
         {C::List1_0, 0, 2, jugadores},
         {C::List1_1, 0, 0,
-         "Seleccione el número de \"quesitos\" que debe conseguir un jugador para poder enfrentarse a la prueba "
+         "Seleccione el número de \"quesitos\" que debe conseguir un jugador para poder enfrentarse a la "
+         "prueba "
          "de la casilla central y ganar el juego."},
         {C::List2_0, 0, 0,
          "Seleccione una categoría para que sus datos se muestren en los otros cuadros de lista y poder "
@@ -377,7 +384,8 @@ TEST_F(DlgOpcionesTest, AyudasConF1) {
         {C::List2_1, 0, 0, ficheros(1)},
         {C::List2_1, 4, 1, ficheros(5)},
         {C::List2_2, 0, 0,
-         "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto de "
+         "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el "
+         "texto de "
          "una categoría, pulse F2 e introdúzcalo."},
     };
     for (const auto& caso : casos) {
@@ -571,10 +579,11 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
     d.Mostrar();
     p.mensajes.clear();
     d.Pulsar(C::OKButton);
-    UnAviso(p,
-            "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
-            "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
-            "texto de esas categorías para dejarlas sin fichero.");
+    UnAviso(
+        p,
+        "Las categorías 1, 2, 4, 5 y 6 nombran ficheros de preguntas que no existen, y la carpeta preguntas "
+        "no tiene ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el "
+        "texto de esas categorías para dejarlas sin fichero.");
     EXPECT_TRUE(d.Visible);
     EXPECT_EQ(Ini(), antes);
     EXPECT_EQ(m.FicheroTema[1], "cine");
@@ -586,10 +595,11 @@ TEST_F(DlgOpcionesTest, SinFicherosAceptarNoGuardaNombresQueNoExisten) {
         Tecla(C::List2_2, kSupr);
     }
     d.Pulsar(C::OKButton);
-    UnAviso(p,
-            "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
-            "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
-            "categoría para dejarla sin fichero.");
+    UnAviso(
+        p,
+        "La categoría 4 nombra un fichero de preguntas que no existe, y la carpeta preguntas no tiene "
+        "ninguno. Las opciones no se han guardado. Pulse Cancelar para salir, o Suprimir en el texto de esa "
+        "categoría para dejarla sin fichero.");
     EXPECT_TRUE(d.Visible);
 
     // Copiados los ficheros, al volver a abrir se ven y Aceptar ya guarda.
@@ -629,9 +639,10 @@ TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
         d.Tecla(C::List1_0, kAbajo, 0);
         d.Pulsar(C::OKButton);
         SCOPED_TRACE(protegido);
-        UnAviso(p,
-                "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
-                "próxima vez que abra el juego volverán las anteriores.");
+        UnAviso(
+            p,
+            "No se pudieron guardar las opciones en el fichero Sabelot.ini. Valen solo para esta sesión: la "
+            "próxima vez que abra el juego volverán las anteriores.");
         EXPECT_FALSE(d.Visible);
         EXPECT_EQ(m.NumJugadores, 2);
         EXPECT_EQ(p.carpeta.Existe("Sabelot.ini") ? p.carpeta.Leer("Sabelot.ini") : "", protegido ? ini : "");

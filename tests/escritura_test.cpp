@@ -45,7 +45,8 @@ TEST_F(Escritura, CadaFalloDejaElFicheroAnteriorYNadaMas) {
         averiados.fallaRenombrar = fallo == kRenombrar;
         EXPECT_FALSE(EscribirDeUnaVez(averiados, Destino(), "nueva")) << fallo;
         EXPECT_EQ(c.Leer("partida.sav"), "vieja") << fallo;
-        EXPECT_EQ(Nombres(c), std::vector<std::string>{"partida.sav"}) << fallo << ": quedó un fichero de paso";
+        EXPECT_EQ(Nombres(c), std::vector<std::string>{"partida.sav"})
+            << fallo << ": quedó un fichero de paso";
         for (const std::string& creado : averiados.creados)
             EXPECT_NE(creado, Destino()) << "se escribe aparte, nunca encima";
     }

@@ -28,10 +28,9 @@ protected:
 const std::string kAdemas = "\r\n\r\nAdemás, tus estadísticas de aciertos son: \r\n";
 
 TEST_F(EstadisticasTest, SinNadaTodavia) {
-    EXPECT_EQ(Informe(),
-              "Jugador 1.\r\nDe momento no tienes ningún quesito." + kAdemas +
-                  " Cine : 0/0 \r\n Deportes y espectáculos : 0/0 \r\n Historia : 0/0 \r\n"
-                  " Literatura : 0/0 \r\n Ciencias sociales : 0/0 \r\n Cotilleos : 0/0 \r\n");
+    EXPECT_EQ(Informe(), "Jugador 1.\r\nDe momento no tienes ningún quesito." + kAdemas +
+                             " Cine : 0/0 \r\n Deportes y espectáculos : 0/0 \r\n Historia : 0/0 \r\n"
+                             " Literatura : 0/0 \r\n Ciencias sociales : 0/0 \r\n Cotilleos : 0/0 \r\n");
 }
 
 TEST_F(EstadisticasTest, QuesitosYPorcentajesDelJugadorEnTurno) {
@@ -54,14 +53,13 @@ TEST_F(EstadisticasTest, QuesitosYPorcentajesDelJugadorEnTurno) {
     // El otro jugador no sale.
     m.Aciertos(3, 1) = 5;
     m.Preguntas(3, 1) = 5;
-    EXPECT_EQ(Informe(),
-              "Jugador 2.\r\nTienes 3 quesitos:  Cine ,  Historia ,  Cotilleos . " + kAdemas +
-                  " Cine : 1/3  (33%) \r\n"
-                  " Deportes y espectáculos : 2/3  (67%) \r\n"
-                  " Historia : 0/0 \r\n"
-                  " Literatura : 0/4  (0%) \r\n"
-                  " Ciencias sociales : 1/1  (100%) \r\n"
-                  " Cotilleos : 1/8  (12%) \r\n");
+    EXPECT_EQ(Informe(), "Jugador 2.\r\nTienes 3 quesitos:  Cine ,  Historia ,  Cotilleos . " + kAdemas +
+                             " Cine : 1/3  (33%) \r\n"
+                             " Deportes y espectáculos : 2/3  (67%) \r\n"
+                             " Historia : 0/0 \r\n"
+                             " Literatura : 0/4  (0%) \r\n"
+                             " Ciencias sociales : 1/1  (100%) \r\n"
+                             " Cotilleos : 1/8  (12%) \r\n");
 }
 
 TEST_F(EstadisticasTest, UnQuesitoConEtiquetaPropia) {
@@ -76,16 +74,14 @@ TEST_F(EstadisticasTest, PorcentajesRedondeadosAlPar) {
     const struct {
         int aciertos, preguntas;
         const char* porcentaje;
-    } casos[] = {{1, 3, "33"}, {2, 3, "67"}, {1, 8, "12"}, {3, 8, "38"}, {5, 8, "62"},
-                 {7, 8, "88"}, {1, 2, "50"}, {1, 1, "100"}, {0, 4, "0"},  {3, 16, "19"},
-                 {1, 6, "17"}, {5, 6, "83"}};
+    } casos[] = {{1, 3, "33"}, {2, 3, "67"},  {1, 8, "12"}, {3, 8, "38"},  {5, 8, "62"}, {7, 8, "88"},
+                 {1, 2, "50"}, {1, 1, "100"}, {0, 4, "0"},  {3, 16, "19"}, {1, 6, "17"}, {5, 6, "83"}};
     for (const auto& c : casos) {
         j.m().Aciertos(1, 1) = c.aciertos;
         j.m().Preguntas(1, 1) = c.preguntas;
         const std::string linea = " Cine : " + std::to_string(c.aciertos) + "/" +
                                   std::to_string(c.preguntas) + "  (" + c.porcentaje + "%) \r\n";
-        EXPECT_NE(Informe().find(kAdemas + linea), std::string::npos)
-            << c.aciertos << "/" << c.preguntas;
+        EXPECT_NE(Informe().find(kAdemas + linea), std::string::npos) << c.aciertos << "/" << c.preguntas;
     }
 }
 

@@ -121,32 +121,47 @@ TEST_P(ReglasDeRegistro, LeeLosCampos) {
 INSTANTIATE_TEST_SUITE_P(
     LectorPreguntas, ReglasDeRegistro,
     ::testing::Values(
-        CasoRegistro{"Sencillo", {"q>¿Cuántos lados tiene un hexágono?", "1>Cinco", "2>Seis", "a>2"},
-                     "¿Cuántos lados tiene un hexágono?", {"Cinco", "Seis"}, 2, ""},
+        CasoRegistro{"Sencillo",
+                     {"q>¿Cuántos lados tiene un hexágono?", "1>Cinco", "2>Seis", "a>2"},
+                     "¿Cuántos lados tiene un hexágono?",
+                     {"Cinco", "Seis"},
+                     2,
+                     ""},
         // Se quitan dos caracteres, sean los que sean.
-        CasoRegistro{"DosCifras", {"q>P", "10>Diez", "1-Uno", "12 Doce", "7", "a>1"},
-                     "P", {">Diez", "Uno", " Doce", ""}, 1, ""},
+        CasoRegistro{"DosCifras",
+                     {"q>P", "10>Diez", "1-Uno", "12 Doce", "7", "a>1"},
+                     "P",
+                     {">Diez", "Uno", " Doce", ""},
+                     1,
+                     ""},
         // Una respuesta vacía deja su sitio a la siguiente.
         CasoRegistro{"RespuestaVacia", {"q>P", "1>A", "2>", "3>C", "a>2"}, "P", {"A", "C"}, 2, ""},
         CasoRegistro{"CifraNoCuenta", {"q>P", "9>A", "9>B", "a>2"}, "P", {"A", "B"}, 2, ""},
-        CasoRegistro{"ComentarioEnLaA", {"q>P", "1>A", "2>B", "a>2 Porque sí"}, "P", {"A", "B"}, 2,
-                     "Porque sí"},
+        CasoRegistro{
+            "ComentarioEnLaA", {"q>P", "1>A", "2>B", "a>2 Porque sí"}, "P", {"A", "B"}, 2, "Porque sí"},
         CasoRegistro{"ComentarioDesdeElQuinto", {"q>P", "1>A", "a>1Xyz"}, "P", {"A"}, 1, "yz"},
         CasoRegistro{"CuatroCaracteresSinComentario", {"q>P", "1>A", "a>1x"}, "P", {"A"}, 1, ""},
         CasoRegistro{"BlancosAntesDelNumero", {"q>P", "1>A", "2>B", "a> 2"}, "P", {"A", "B"}, 2, ""},
-        CasoRegistro{"LaAAntesDeLasRespuestas", {"q>P", "a>2", "1>A", "2>B", ""}, "P", {"A", "B"}, 2,
-                     ""},
+        CasoRegistro{"LaAAntesDeLasRespuestas", {"q>P", "a>2", "1>A", "2>B", ""}, "P", {"A", "B"}, 2, ""},
         CasoRegistro{"LaCSustituyeALaA",
-                     {"q>P", "1>A", "a>1 Corto", "c>Largo", "segunda línea"}, "P", {"A"}, 1,
+                     {"q>P", "1>A", "a>1 Corto", "c>Largo", "segunda línea"},
+                     "P",
+                     {"A"},
+                     1,
                      "Largo\r\nsegunda línea"},
         CasoRegistro{"CifraEnElComentario",
-                     {"q>P", "1>A", "a>1", "c>Nota", "1999 fue el año", "a>7", "", "fin"}, "P",
-                     {"A"}, 1, "Nota\r\n1999 fue el año\r\na>7\r\n\r\nfin"},
-        CasoRegistro{"MarcasEnMayusculas", {"Q>P", "1>A", "2>B", "A>2", "C>Com"}, "P", {"A", "B"}, 2,
-                     "Com"},
+                     {"q>P", "1>A", "a>1", "c>Nota", "1999 fue el año", "a>7", "", "fin"},
+                     "P",
+                     {"A"},
+                     1,
+                     "Nota\r\n1999 fue el año\r\na>7\r\n\r\nfin"},
+        CasoRegistro{"MarcasEnMayusculas", {"Q>P", "1>A", "2>B", "A>2", "C>Com"}, "P", {"A", "B"}, 2, "Com"},
         CasoRegistro{"TextoAntesDeLaPrimera",
                      {"Preguntas de prueba", "1>suelta", "a>1", "c>nada", "", "q>P", "1>A", "a>1"},
-                     "P", {"A"}, 1, ""},
+                     "P",
+                     {"A"},
+                     1,
+                     ""},
         CasoRegistro{"OtraLineaCierra", {"q>P", "1>A", "a>1", "x", "2>B", "c>no"}, "P", {"A"}, 1, ""}),
     [](const ::testing::TestParamInfo<CasoRegistro>& i) { return std::string(i.param.nombre); });
 
@@ -178,8 +193,7 @@ TEST_F(LectorPreguntas, SaltaLosRegistrosQueNoSePuedenJuzgar) {
         a.d.LeerPregunta();
         EXPECT_EQ("Buena", a.d.Pregunta);
         EXPECT_EQ(2, a.d.IndiceCorrecto);
-        EXPECT_EQ(MarcaMazo(Tras(bytes, "q>Malo")) + MarcaMazo(Tras(bytes, "q>Buena")),
-                  a.m.MazoUsado[1]);
+        EXPECT_EQ(MarcaMazo(Tras(bytes, "q>Malo")) + MarcaMazo(Tras(bytes, "q>Buena")), a.m.MazoUsado[1]);
         EXPECT_TRUE(a.p.mensajes.empty());
     }
 }
@@ -188,8 +202,8 @@ TEST_F(LectorPreguntas, SaltaLosRegistrosQueNoSePuedenJuzgar) {
 
 TEST_F(LectorPreguntas, MarcasEnHexadecimalDeLaPosicionTrasLaLinea) {
     // 411 letras y CR LF: la primera pregunta deja la lectura en el byte 419 = 1A3.
-    std::string bytes = prueba::Qzf({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b",
-                                "a>1", ""});
+    std::string bytes =
+        prueba::Qzf({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b", "a>1", ""});
     Poner("tema1", bytes);
     AbrirArriba();
     EXPECT_EQ("A", Sacar());
@@ -207,10 +221,9 @@ TEST_F(LectorPreguntas, MarcaBuscadaComoSubcadena) {
         bool usada;
     };
     const std::vector<Caso> casos = {
-        {"", false},       {"1A3]", true},     {"21A3]", true},   {"1a3]", true},
-        {"5]21A3]9]", true}, {"01A3]", true},  {"X1A3]", true},   {"1A3]21", true},
-        {"1A3", false},    {"A3]", false},     {"1A30]", false},  {"1A]3]", false},
-        {"1A2]", false},
+        {"", false},      {"1A3]", true},   {"21A3]", true},  {"1a3]", true}, {"5]21A3]9]", true},
+        {"01A3]", true},  {"X1A3]", true},  {"1A3]21", true}, {"1A3", false}, {"A3]", false},
+        {"1A30]", false}, {"1A]3]", false}, {"1A2]", false},
     };
     std::string bytes =
         prueba::Qzf({std::string(411, 'x'), "q>A", "1>a", "a>1", "", "q>B", "1>b", "a>1", ""});
@@ -333,9 +346,8 @@ TEST_F(LectorPreguntas, UnaSolaPreguntaDaLaVueltaCadaVez) {
         EXPECT_EQ("Única", d.Pregunta);
     }
     EXPECT_EQ(1, m.TotalMazo[1]);
-    std::vector<std::string> esperado = {"respuesta correcta", kVuelta, "respuesta correcta",
-                                         kVuelta, "respuesta correcta", kVuelta,
-                                         "respuesta correcta"};
+    std::vector<std::string> esperado = {"respuesta correcta", kVuelta, "respuesta correcta", kVuelta,
+                                         "respuesta correcta", kVuelta, "respuesta correcta"};
     EXPECT_EQ(esperado, p.TextosMensajes());
 }
 
@@ -377,8 +389,8 @@ TEST_F(LectorPreguntas, PreguntaEnLaUltimaLineaNoSeHace) {
 
 TEST_F(LectorPreguntas, ComienzoAlAzar) {
     const std::string bytes =
-        prueba::Qzf({"Encabezado", "q>P1", "1>a", "2>b", "a>1", "", "q>P2", "1>a", "a>1", "", "q>P3",
-                "1>a", "a>1", "c>Comentario", "con dos líneas"});
+        prueba::Qzf({"Encabezado", "q>P1", "1>a", "2>b", "a>1", "", "q>P2", "1>a", "a>1", "", "q>P3", "1>a",
+                     "a>1", "c>Comentario", "con dos líneas"});
     const auto L = static_cast<double>(bytes.size());
     struct Caso {
         std::size_t byte;  // desde 0
@@ -386,13 +398,13 @@ TEST_F(LectorPreguntas, ComienzoAlAzar) {
     };
     auto en = [&bytes](const std::string& s, std::size_t mas = 0) { return bytes.find(s) + mas; };
     const std::vector<Caso> casos = {
-        {0, "P1"},                    // en el encabezado
-        {en("q>P1"), "P1"},           // justo al principio de una "q>"
-        {en("q>P1", 1), "P2"},        // a media línea de la pregunta
-        {en("2>b"), "P2"},            // dentro del registro
-        {en("q>P3", 1), "P1"},        // tras la última "q>": se acaba y vuelve arriba
+        {0, "P1"},              // en el encabezado
+        {en("q>P1"), "P1"},     // justo al principio de una "q>"
+        {en("q>P1", 1), "P2"},  // a media línea de la pregunta
+        {en("2>b"), "P2"},      // dentro del registro
+        {en("q>P3", 1), "P1"},  // tras la última "q>": se acaba y vuelve arriba
         {en("con dos"), "P1"},
-        {bytes.size() - 1, "P1"},     // el último byte
+        {bytes.size() - 1, "P1"},  // el último byte
     };
     for (const auto& c : casos) {
         SCOPED_TRACE(c.byte);
@@ -517,10 +529,9 @@ TEST_F(LectorPreguntas, FicheroSinPreguntasValidasSePara) {
         {"q> en la última línea", prueba::Qzf({"Encabezado", "q>Sola"})},
         {"q> sin fin de línea", "q>Sola"},
         {"todas sin respuestas", prueba::Qzf({"q>A", "", "q>B", "a>1", "", "q>C", "c>x"})},
-        {"todas con a> mala", prueba::Qzf({"q>A", "1>a", "a>3", "", "q>B", "1>b", "a>x", "", "q>C",
-                                       "1>c", ""})},
-        {"comentarios que se tragan",
-         prueba::Qzf({"q>A", "c>x", "q>B", "c>y", "q>C", "1>a", "a>2", ""})},
+        {"todas con a> mala",
+         prueba::Qzf({"q>A", "1>a", "a>3", "", "q>B", "1>b", "a>x", "", "q>C", "1>c", ""})},
+        {"comentarios que se tragan", prueba::Qzf({"q>A", "c>x", "q>B", "c>y", "q>C", "1>a", "a>2", ""})},
     };
     for (const auto& [nombre, bytes] : casos) {
         SCOPED_TRACE(nombre);

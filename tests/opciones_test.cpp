@@ -124,7 +124,8 @@ TEST(Opciones, UsaElPrimerCanalLibreYLoCierra) {
 std::vector<std::pair<std::string, std::string>> FicherosRotos() {
     auto rotos = prueba::FicherosDelCorpus("opciones_rotas");
     const std::string cat = "\"Cine\",\"Cine \",1" + C;
-    rotos.emplace_back("Enorme", "3,4" + C + cat + cat + cat + cat + cat + cat + std::string(200 * 1024, ' '));
+    rotos.emplace_back("Enorme",
+                       "3,4" + C + cat + cat + cat + cat + cat + cat + std::string(200 * 1024, ' '));
     return rotos;
 }
 

@@ -331,9 +331,10 @@ std::vector<Rota> PartidasRotas() {
     // Una línea del ejemplo cambiada por otra.
     for (const std::string& fila : prueba::LineasDeDatos("partidas_rotas.txt")) {
         const std::size_t barra1 = fila.find('|'), barra2 = fila.find('|', barra1 + 1);
-        rotas.push_back({fila.substr(0, barra1),
-                         Fichero(Cambiar(kLineasEjemplo, std::stoul(fila.substr(barra1 + 1, barra2 - barra1 - 1)),
-                                         fila.substr(barra2 + 1)))});
+        rotas.push_back(
+            {fila.substr(0, barra1),
+             Fichero(Cambiar(kLineasEjemplo, std::stoul(fila.substr(barra1 + 1, barra2 - barra1 - 1)),
+                             fila.substr(barra2 + 1)))});
     }
     return rotas;
 }

@@ -111,6 +111,7 @@ const std::string kPerdido = "Al fallar esa pregunta has perdido este quesito qu
 const std::string kCuidado = " Ten más cuidado la próxima vez";
 
 // Casilla 7: categoría 2. Casilla 11: quesito de la categoría 6, a un paso de la 10.
+// clang-format off
 INSTANTIATE_TEST_SUITE_P(
     Reglas, Preguntas,
     ::testing::Values(
@@ -150,6 +151,7 @@ INSTANTIATE_TEST_SUITE_P(
                      {kPerdido + " y sólo te quedan 4" + kCuidado + "|0|Sabelot"}, 0, 1, 4, false, 1,
                      false}),
     [](const ::testing::TestParamInfo<CasoPregunta>& i) { return std::string(i.param.nombre); });
+// clang-format on
 
 TEST(Turno, DaLaVueltaConTresJugadoresSinTocarLosContadoresDelSiguiente) {
     PartidaGuion g(3);
@@ -228,8 +230,8 @@ TEST(Centro, PreguntaNormalAcertada) {
     EXPECT_EQ(g.vistas[1].texto, kPreguntaCentro + "\r\nElige una opción.");
     EXPECT_EQ(g.vistas[1].lista, "1_2_3_4_5_6_");
     EXPECT_EQ(g.vistas[1].botones,
-              (std::vector<std::string>{" Cine ", " Deportes y espectáculos ", " Historia ",
-                                        " Literatura ", " Ciencias sociales ", " Cotilleos "}));
+              (std::vector<std::string>{" Cine ", " Deportes y espectáculos ", " Historia ", " Literatura ",
+                                        " Ciencias sociales ", " Cotilleos "}));
     EXPECT_EQ(g.temasPreguntados, std::vector<int>{3});
     EXPECT_EQ(g.hechosEnPregunta, std::vector<std::string>{"Ocultar"});
     EXPECT_EQ(g.m().Aciertos(3, 1), 1);
@@ -349,20 +351,44 @@ TEST_P(PruebaFinalTest, Resultado) {
 INSTANTIATE_TEST_SUITE_P(
     Reglas, PruebaFinalTest,
     ::testing::Values(
-        CasoFinal{"CuatroSeguidas", "BBBB", {1, 2, 3, 4},
-                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_"}, true, false},
-        CasoFinal{"CuatroADos", "BMBMBB", {6, 5, 4, 3, 2, 1},
-                  {"1_2_3_4_5_6_", "1_2_3_4_5_", "1_2_3_4_", "1_2_3_", "1_2_", "1_"}, true, false},
-        CasoFinal{"UnoATres", "BMMM", {2, 4, 6, 1},
-                  {"1_2_3_4_5_6_", "1_3_4_5_6_", "1_3_5_6_", "1_3_5_"}, false, true},
-        CasoFinal{"TresFallosSeguidos", "MMM", {1, 2, 3},
-                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_"}, false, true},
-        CasoFinal{"BienMalAlternos", "BMBMBM", {1, 2, 3, 4, 5, 6},
-                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_", "5_6_", "6_"}, false, true},
-        CasoFinal{"SinPreguntaGastaLaCategoria", "NBBBB", {1, 2, 3, 4, 5},
-                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_", "5_6_"}, true, false},
-        CasoFinal{"NingunaPreguntaPosible", "NNNNNN", {1, 2, 3, 4, 5, 6},
-                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_", "5_6_", "6_"}, false, false}),
+        CasoFinal{"CuatroSeguidas",
+                  "BBBB",
+                  {1, 2, 3, 4},
+                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_"},
+                  true,
+                  false},
+        CasoFinal{"CuatroADos",
+                  "BMBMBB",
+                  {6, 5, 4, 3, 2, 1},
+                  {"1_2_3_4_5_6_", "1_2_3_4_5_", "1_2_3_4_", "1_2_3_", "1_2_", "1_"},
+                  true,
+                  false},
+        CasoFinal{"UnoATres",
+                  "BMMM",
+                  {2, 4, 6, 1},
+                  {"1_2_3_4_5_6_", "1_3_4_5_6_", "1_3_5_6_", "1_3_5_"},
+                  false,
+                  true},
+        CasoFinal{
+            "TresFallosSeguidos", "MMM", {1, 2, 3}, {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_"}, false, true},
+        CasoFinal{"BienMalAlternos",
+                  "BMBMBM",
+                  {1, 2, 3, 4, 5, 6},
+                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_", "5_6_", "6_"},
+                  false,
+                  true},
+        CasoFinal{"SinPreguntaGastaLaCategoria",
+                  "NBBBB",
+                  {1, 2, 3, 4, 5},
+                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_", "5_6_"},
+                  true,
+                  false},
+        CasoFinal{"NingunaPreguntaPosible",
+                  "NNNNNN",
+                  {1, 2, 3, 4, 5, 6},
+                  {"1_2_3_4_5_6_", "2_3_4_5_6_", "3_4_5_6_", "4_5_6_", "5_6_", "6_"},
+                  false,
+                  false}),
     [](const ::testing::TestParamInfo<CasoFinal>& i) { return std::string(i.param.nombre); });
 
 TEST(Centro, TextosDeLaPruebaFinal) {
@@ -438,7 +464,6 @@ TEST(Centro, LaPruebaSegunLosQuesitos) {
         EXPECT_EQ(g.m().Aciertos(c.elecciones[0], 1), c.aciertos);
     }
 }
-
 
 }  // namespace
 }  // namespace sabelot

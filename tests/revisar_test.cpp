@@ -39,7 +39,8 @@ TEST(Revision, ProblemasConSuLinea) {
         for (std::size_t i = 3; i < campos.size(); ++i) {
             const std::size_t dosPuntos = campos[i].find(':');
             EXPECT_EQ(std::stoi(campos[i].substr(0, dosPuntos)), r.problemas[i - 3].linea) << todos;
-            EXPECT_NE(std::string::npos, r.problemas[i - 3].texto.find(campos[i].substr(dosPuntos + 1))) << todos;
+            EXPECT_NE(std::string::npos, r.problemas[i - 3].texto.find(campos[i].substr(dosPuntos + 1)))
+                << todos;
         }
         EXPECT_EQ(std::stoi(campos[1]), r.preguntas) << campos[0];
         EXPECT_EQ(std::stoi(campos[2]), r.preguntables) << campos[0];
@@ -175,11 +176,13 @@ TEST(Revision, FicherosJuntos) {
 // La revisión y el juego cuentan igual las preguntas que se pueden hacer: el lector
 // saca exactamente esas antes de dar la vuelta al mazo.
 TEST(RevisionYLector, DicenLoMismo) {
+    // clang-format off
     const std::string resto =
         Qzf({"Encabezado", "q>P1", "1>a", "a>1", "", "q>Mala1", "1>a", "", "q>P2", "1>a", "2>b",
              "a>2", "c>Comentario", "q>P3 tragada", "1>a", "a>1", "", "q>Mala2", "a>1", "",
              "q>P4", "1>a", "a>7", "", "q>P5", "1>a", "a>1 ok", "q>P6 pegada", "1>a", "a>1", "",
              "q>Mala3", "c>x"});
+    // clang-format on
     // Delante, una pregunta con una línea de más de 4096 bytes: ninguno de los dos la hace.
     const std::string bytes = Qzf({"q>Larga", "1>" + std::string(5000, 'x'), "a>1", ""}) + resto;
     RevisionQzf r = RevisarQzf(bytes);

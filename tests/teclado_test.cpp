@@ -135,13 +135,24 @@ TEST(Teclado, GuardarCargarYTeclasSinEfecto) {
         int tecla, shift;
         const char* titulo;  // el de la caja del nombre, o nada
     } casos[] = {
-        {vbKeyF3, 0, "Guardar Partida"}, {vbKeyF3, vbShiftMask, "Guardar Partida"},
-        {vbKeyF3, vbAltMask, "Guardar Partida"}, {vbKeyG, vbCtrlMask, "Guardar Partida"},
-        {vbKeyG, vbCtrlMask | vbShiftMask, "Guardar Partida"}, {vbKeyF4, 0, "Cargar partida"},
-        {vbKeyA, vbCtrlMask, "Cargar partida"}, {vbKeyA, vbCtrlMask | vbAltMask, "Cargar partida"},
-        {vbKeyO, 0, nullptr}, {vbKeyG, 0, nullptr}, {vbKeyA, 0, nullptr}, {vbKeyO, vbShiftMask, nullptr},
-        {vbKeyG, vbAltMask, nullptr}, {vbKeyF4, vbShiftMask, nullptr}, {vbKeyF4, vbAltMask, nullptr},
-        {vbKeyF4, vbCtrlMask, nullptr}, {90, 0, nullptr}, {96 /* 0 del teclado numérico */, 0, nullptr},
+        {vbKeyF3, 0, "Guardar Partida"},
+        {vbKeyF3, vbShiftMask, "Guardar Partida"},
+        {vbKeyF3, vbAltMask, "Guardar Partida"},
+        {vbKeyG, vbCtrlMask, "Guardar Partida"},
+        {vbKeyG, vbCtrlMask | vbShiftMask, "Guardar Partida"},
+        {vbKeyF4, 0, "Cargar partida"},
+        {vbKeyA, vbCtrlMask, "Cargar partida"},
+        {vbKeyA, vbCtrlMask | vbAltMask, "Cargar partida"},
+        {vbKeyO, 0, nullptr},
+        {vbKeyG, 0, nullptr},
+        {vbKeyA, 0, nullptr},
+        {vbKeyO, vbShiftMask, nullptr},
+        {vbKeyG, vbAltMask, nullptr},
+        {vbKeyF4, vbShiftMask, nullptr},
+        {vbKeyF4, vbAltMask, nullptr},
+        {vbKeyF4, vbCtrlMask, nullptr},
+        {90, 0, nullptr},
+        {96 /* 0 del teclado numérico */, 0, nullptr},
     };
     for (const auto& caso : casos) {
         SCOPED_TRACE(std::to_string(caso.tecla) + "/" + std::to_string(caso.shift));

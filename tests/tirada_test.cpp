@@ -13,10 +13,10 @@ namespace {
 using prueba::AzarDado;
 
 struct Busqueda {
-    std::string lista;   // ListaValores tal como la recibe el diálogo
-    std::string texto;   // Mensaje del diálogo
-    int caminos = -1;    // CaminosPendientes cuando se abre el diálogo
-    int dialogos = 0;    // diálogos de destino abiertos en la tirada
+    std::string lista;  // ListaValores tal como la recibe el diálogo
+    std::string texto;  // Mensaje del diálogo
+    int caminos = -1;   // CaminosPendientes cuando se abre el diálogo
+    int dialogos = 0;   // diálogos de destino abiertos en la tirada
     int pitidos = 0;
     int valorEnDado = 0;
 };

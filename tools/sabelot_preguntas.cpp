@@ -73,8 +73,7 @@ int Convertir(int argc, char** argv) {
     if (nombres.size() == 1) {
         const std::size_t punto = salida.find_last_of('.');
         const std::size_t barra = salida.find_last_of("/\\");
-        if (punto != std::string::npos && (barra == std::string::npos || punto > barra))
-            salida.erase(punto);
+        if (punto != std::string::npos && (barra == std::string::npos || punto > barra)) salida.erase(punto);
         salida += ".qzf";
     }
     if (salida == entrada || sabelot::MismoFichero(salida, entrada)) {

@@ -106,7 +106,8 @@ public:
         return CuadroMensaje(texto, estilo, titulo);
     }
     // Texto escrito, o "" si se cancela.
-    std::string InputBox(const std::string& indicacion, const std::string& titulo, const std::string& inicial) {
+    std::string InputBox(const std::string& indicacion, const std::string& titulo,
+                         const std::string& inicial) {
         voz_.Soltar();
         return CuadroEntrada(indicacion, titulo, inicial);
     }

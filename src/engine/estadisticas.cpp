@@ -13,8 +13,7 @@ void Form1::MostrarEstadisticas() {
     if (quesitos == 0) {
         s += "De momento no tienes ningún quesito.";
     } else {
-        s += quesitos == 1 ? "Tienes un quesito: "
-                           : "Tienes " + std::to_string(quesitos) + " quesitos: ";
+        s += quesitos == 1 ? "Tienes un quesito: " : "Tienes " + std::to_string(quesitos) + " quesitos: ";
         std::string lista;
         for (int i = 1; i <= kNumTemas; ++i)
             if (m_.QuesitoGanado(i, j)) lista += NombreTema(i) + ", ";

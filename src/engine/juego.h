@@ -3,8 +3,8 @@
 #pragma once
 
 #include "comun/estado.h"
-#include "engine/form1.h"
 #include "comun/plataforma.h"
+#include "engine/form1.h"
 #include "frontend/dialog.h"
 #include "options/dlg_opciones.h"
 #include "questions/dialog1.h"

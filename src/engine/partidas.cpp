@@ -1,8 +1,9 @@
 // Guardar y cargar la partida: los cuadros en que el jugador escribe el nombre y lo que se
 // le dice. El fichero en sí es cosa de storage/partidas.h.
+#include "storage/partidas.h"
+
 #include "comun/texto.h"
 #include "engine/form1.h"
-#include "storage/partidas.h"
 
 namespace sabelot {
 
@@ -22,7 +23,8 @@ void Form1::GuardarPartida() {
         }
         const FalloNombre fallo = ComprobarNombrePartida(nombre);
         if (fallo == FalloNombre::Ninguno &&
-            EscribirPartida(p_.Ficheros(), BuscarPartida(p_.Ficheros(), p_.CarpetaPrograma(), nombre), bytes)) {
+            EscribirPartida(p_.Ficheros(), BuscarPartida(p_.Ficheros(), p_.CarpetaPrograma(), nombre),
+                            bytes)) {
             PonerTexto1("PARTIDA GUARDADA");
             return;
         }

@@ -46,7 +46,8 @@ void Form1::HacerPregunta(int Tema) {
         m_.QuesitoGanado(c.Tema, j) = true;
         ++m_.NumQuesitos(j);
         p_.Reproducir(Reproductor::MP2, Ruta(p_.CarpetaPrograma(), {"sonidos", "aplauso1.wav"}));
-        std::string texto = "Has conseguido este quesito y ya tienes " + std::to_string(m_.NumQuesitos(j)) + "!! ";
+        std::string texto =
+            "Has conseguido este quesito y ya tienes " + std::to_string(m_.NumQuesitos(j)) + "!! ";
         const int faltan = m_.QuesitosParaGanar - m_.NumQuesitos(j);
         if (faltan == 0) texto += std::string(CRLF) + "Ahora ve al centro para ganar!";
         if (faltan == 1) texto += std::string(CRLF) + " consigue uno más y podrás ir al centro para ganar.";

@@ -48,8 +48,8 @@ void Form1::PruebaFinal() {
     for (;;) {
         std::string texto = "Lleva" + std::to_string(aciertosPrueba) + " preguntas acertadas de " +
                             std::to_string(preguntasPrueba) +
-                            " preguntas realizadas y deberá acertar al menos cuatro de seis para ganar." + CRLF +
-                            "Elija la categoría sobre la que quiere contestar a la " +
+                            " preguntas realizadas y deberá acertar al menos cuatro de seis para ganar." +
+                            CRLF + "Elija la categoría sobre la que quiere contestar a la " +
                             (preguntasPrueba == 0 ? "primera pregunta:" : " siguiente pregunta:") + CRLF;
         m_.ListaValores.clear();
         for (int i = 1; i <= kNumTemas; ++i) {

@@ -1,9 +1,10 @@
 // Las teclas de la ventana principal: todo el juego se maneja desde aquí. El mapa de
 // teclas y el paseo del cursor están en frontend/teclado.h.
+#include "frontend/teclado.h"
+
 #include "comun/teclas.h"
 #include "comun/texto.h"
 #include "engine/form1.h"
-#include "frontend/teclado.h"
 
 namespace sabelot {
 
@@ -42,25 +43,15 @@ void Form1::Picture1_KeyDown(int KeyCode, int Shift) {
             DescribirCasilla();
             return;
         }
-        case Orden::ListaTeclas:
-            p_.MsgBox(TextoListaTeclas(), vbOKOnly, kTituloPrograma);
-            return;
+        case Orden::ListaTeclas: p_.MsgBox(TextoListaTeclas(), vbOKOnly, kTituloPrograma); return;
         case Orden::Dado:
             CasillaPrevia = previa;
             SonarDado();
             return;
-        case Orden::Estadisticas:
-            MostrarEstadisticas();
-            return;
-        case Orden::Opciones:
-            FlujoOpciones();
-            return;
-        case Orden::Guardar:
-            GuardarPartida();
-            return;
-        case Orden::Cargar:
-            CargarPartida();
-            return;
+        case Orden::Estadisticas: MostrarEstadisticas(); return;
+        case Orden::Opciones: FlujoOpciones(); return;
+        case Orden::Guardar: GuardarPartida(); return;
+        case Orden::Cargar: CargarPartida(); return;
         case Orden::IrAFicha:
             CasillaCursor = Ficha(KeyCode - vbKey1 + 1);
             DescribirCasilla();
@@ -70,8 +61,7 @@ void Form1::Picture1_KeyDown(int KeyCode, int Shift) {
             DescribirCasilla();
             return;
         case Orden::Anexas:
-        case Orden::Ninguna:
-            break;
+        case Orden::Ninguna: break;
     }
     // Tecla fuera del mapa: como si no se hubiera pulsado.
     CasillaPrevia = previa;

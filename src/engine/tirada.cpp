@@ -149,9 +149,7 @@ void Form1::BuscarDestinos(int Pos, int Direccion, int Pasos, int Origen, bool P
             if (sube) BuscarDestinos(c.Arriba, kArriba, Pasos - 1, Pos, PorCentro);
             return;
         }
-        default:
-            TerminarCamino();
-            return;
+        default: TerminarCamino(); return;
     }
 }
 

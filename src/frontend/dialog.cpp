@@ -66,8 +66,7 @@ void Dialog::AnalizarMensaje() {
     const std::string& lista = m_.ListaValores;
     int valores = 0;
     std::size_t cursor = 0;
-    for (std::size_t fin = lista.find('_', cursor); fin != std::string::npos;
-         fin = lista.find('_', cursor)) {
+    for (std::size_t fin = lista.find('_', cursor); fin != std::string::npos; fin = lista.find('_', cursor)) {
         if (valores < kBotones)
             ValorOpcion[static_cast<std::size_t>(valores)] = Valor(lista.substr(cursor, fin - cursor));
         ++valores;

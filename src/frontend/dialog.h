@@ -12,7 +12,7 @@
 namespace sabelot {
 
 // Los valores de ValorEnDado que no son una tirada y ponen otro título al diálogo.
-inline constexpr int kElegirEnElCentro = -1;  // "Casilla central"
+inline constexpr int kElegirEnElCentro = -1;       // "Casilla central"
 inline constexpr int kElegirEnLaPruebaFinal = -2;  // "PRUEBA FINAL"
 
 class VistaDialog {
@@ -55,7 +55,7 @@ public:
     bool Cargado = false;
 
     // Eventos.
-    void Form_Load();       // estado inicial de cada carga
+    void Form_Load();  // estado inicial de cada carga
     void Form_Activate();
     void Command1_Click(int Index);
     // Verdadero si se cancela el cierre (el jugador dijo No).

@@ -9,16 +9,16 @@
 namespace sabelot {
 
 enum class Orden {
-    Ninguna,        // fuera del mapa: como si no se hubiera pulsado
-    Anexas,         // F2
-    Flecha,         // mueve el cursor: ver MoverCursor
-    ListaTeclas,    // F1
-    Dado,           // Intro, Espacio o D
-    Estadisticas,   // E
-    Opciones,       // Control+O
-    Guardar,        // F3 o Control+G
-    Cargar,         // F4 sin modificadores o Control+A
-    IrAFicha,       // 1 a 6: la ficha de ese jugador
+    Ninguna,          // fuera del mapa: como si no se hubiera pulsado
+    Anexas,           // F2
+    Flecha,           // mueve el cursor: ver MoverCursor
+    ListaTeclas,      // F1
+    Dado,             // Intro, Espacio o D
+    Estadisticas,     // E
+    Opciones,         // Control+O
+    Guardar,          // F3 o Control+G
+    Cargar,           // F4 sin modificadores o Control+A
+    IrAFicha,         // 1 a 6: la ficha de ese jugador
     IrAFichaEnTurno,  // V
 };
 

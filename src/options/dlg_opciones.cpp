@@ -25,6 +25,7 @@ constexpr int kPagina = 8;
 std::u32string ClaveCaracter(char32_t c) {
     if (c >= U'A' && c <= U'Z') return std::u32string(1, c - U'A' + U'a');
     switch (c) {
+        // clang-format off
         case U'á': case U'à': case U'â': case U'ä': case U'ã': case U'å':
         case U'Á': case U'À': case U'Â': case U'Ä': case U'Ã': case U'Å': return U"a";
         case U'é': case U'è': case U'ê': case U'ë': case U'É': case U'È': case U'Ê': case U'Ë': return U"e";
@@ -35,6 +36,7 @@ std::u32string ClaveCaracter(char32_t c) {
         case U'ç': case U'Ç': return U"c";
         case U'ñ': case U'Ñ': return U"n\x7f";
         default: return std::u32string(1, c);
+            // clang-format on
     }
 }
 
@@ -85,8 +87,8 @@ void ListaOpciones::AddItem(const std::string& entrada) {
         return;
     }
     const std::u32string clave = ClaveOrden(entrada);
-    auto it = std::find_if(List.begin(), List.end(),
-                           [&](const std::string& e) { return clave < ClaveOrden(e); });
+    auto it =
+        std::find_if(List.begin(), List.end(), [&](const std::string& e) { return clave < ClaveOrden(e); });
     List.insert(it, entrada);
 }
 
@@ -260,8 +262,8 @@ void DlgOpciones::List2_Validate(int Index, bool&) {
         etiquetas.List[static_cast<std::size_t>(etiquetas.ListIndex)] = List2[1].Text();
     }
     IndiceFichero[p] = List2[1].ListIndex;
-    const auto conFichero =
-        std::count_if(FicheroElegido.begin(), FicheroElegido.end(), [](const std::string& f) { return !f.empty(); });
+    const auto conFichero = std::count_if(FicheroElegido.begin(), FicheroElegido.end(),
+                                          [](const std::string& f) { return !f.empty(); });
     if (conFichero == 6) {
         OKButton.Enabled = true;
         PonerFoco(ControlOpciones::OKButton);
@@ -274,8 +276,8 @@ void DlgOpciones::List2_KeyDown(int Index, int KeyCode, int) {
         if (etiquetas.ListIndex < 0) return;
         std::string inicial = etiquetas.Text() == kNoEspecificado ? List2[1].Text() : etiquetas.Text();
         for (;;) {
-            const std::string texto = p_.InputBox("Escriba el texto a mostrar en las casillas de este tema:",
-                                                  "Etiqueta de categoría", inicial);
+            const std::string texto = p_.InputBox(
+                "Escriba el texto a mostrar en las casillas de este tema:", "Etiqueta de categoría", inicial);
             if (texto.empty()) return;
             // El fichero de opciones no sabe guardar comillas dobles dentro de un texto.
             if (texto.find('"') != std::string::npos) {
@@ -322,15 +324,18 @@ void DlgOpciones::List2_KeyDown(int Index, int KeyCode, int) {
             vbOKOnly, kTituloPrograma);
     } else if (Index == 1) {
         p_.MsgBox(
-            "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente seleccionada (" +
+            "Seleccione el fichero de preguntas que quiere utilizar para la categoría actualmente "
+            "seleccionada (" +
                 std::to_string(List2[0].ListIndex + 1) +
-                "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de preguntas "
+                "). Utilice las flechas para recorrer la lista. Es posible utilizar el mismo fichero de "
+                "preguntas "
                 "para más de una categoría. El nombre del fichero de preguntas se introducirá como texto "
                 "predeterminado para mostrarlo en las casillas de esta categoría.",
             vbOKOnly, kTituloPrograma);
     } else {
         p_.MsgBox(
-            "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el texto "
+            "En esta lista se muestra el texto que aparecerá en las casillas del tablero. Para modificar el "
+            "texto "
             "de una categoría, pulse F2 e introdúzcalo.",
             vbOKOnly, kTituloPrograma);
     }
@@ -358,7 +363,8 @@ void DlgOpciones::OKButton_Click() {
                            : " nombran ficheros de preguntas que no existen") +
                       ", y la carpeta preguntas no tiene ninguno. Las opciones no se han guardado. Pulse "
                       "Cancelar para salir, o Suprimir en el texto de " +
-                      (una ? "esa categoría para dejarla" : "esas categorías para dejarlas") + " sin fichero.",
+                      (una ? "esa categoría para dejarla" : "esas categorías para dejarlas") +
+                      " sin fichero.",
                   vbExclamation, kTituloPrograma);
         return;
     }

@@ -60,9 +60,7 @@ void Dialog1::Text2_KeyDown(int& KeyCode, int /*Shift*/) {
             }
             break;
         case vbKeyReturn:
-        case vbKeySpace:
-            Juzgar();
-            return;
+        case vbKeySpace: Juzgar(); return;
         default:
             // Lo demás no hace nada; lo que va por debajo de 32 lo lleva la ventana.
             if (KeyCode >= vbKeySpace) KeyCode = 0;

@@ -46,8 +46,7 @@ void Dialog1::AbrirFichero(bool LeerDespues, bool AlAzar) {
             error = kErrorFicheroEnorme;
         }
         if (error != 0) {
-            p_.MsgBox(error == kErrorNoExiste ? kNoSeEncuentra : kErrorAlAbrir, vbOKOnly,
-                      kTituloPrograma);
+            p_.MsgBox(error == kErrorNoExiste ? kNoSeEncuentra : kErrorAlAbrir, vbOKOnly, kTituloPrograma);
             FalloApertura = true;
             return;
         }

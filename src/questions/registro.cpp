@@ -76,11 +76,8 @@ bool Registro::Anadir(const std::string& linea) {
             Comentario = Desde(linea, 2);
             EnComentario = true;
             return true;
-        case TipoLinea::Pregunta:
-            CerradoPorPregunta = true;
-            return false;
-        case TipoLinea::Otra:
-            break;
+        case TipoLinea::Pregunta: CerradoPorPregunta = true; return false;
+        case TipoLinea::Otra: break;
     }
     return false;
 }
@@ -94,23 +91,17 @@ DefectoRegistro Registro::Defecto() const {
     if (NumRespuestas() == 0) return DefectoRegistro::SinRespuestas;
     if (LineasCorrecta == 0) return DefectoRegistro::SinCorrecta;
     if (!CorrectaConNumero) return DefectoRegistro::CorrectaSinNumero;
-    if (IndiceCorrecto < 1 || IndiceCorrecto > NumRespuestas())
-        return DefectoRegistro::CorrectaFueraDeRango;
+    if (IndiceCorrecto < 1 || IndiceCorrecto > NumRespuestas()) return DefectoRegistro::CorrectaFueraDeRango;
     return DefectoRegistro::Ninguno;
 }
 
 const char* TextoDefecto(DefectoRegistro defecto) {
     switch (defecto) {
-        case DefectoRegistro::Ninguno:
-            return "";
-        case DefectoRegistro::SinRespuestas:
-            return "la pregunta no tiene respuestas";
-        case DefectoRegistro::SinCorrecta:
-            return "falta la línea a> con el número de la respuesta correcta";
-        case DefectoRegistro::CorrectaSinNumero:
-            return "la línea a> no empieza por un número";
-        case DefectoRegistro::CorrectaFueraDeRango:
-            return "la línea a> nombra una respuesta que no existe";
+        case DefectoRegistro::Ninguno: return "";
+        case DefectoRegistro::SinRespuestas: return "la pregunta no tiene respuestas";
+        case DefectoRegistro::SinCorrecta: return "falta la línea a> con el número de la respuesta correcta";
+        case DefectoRegistro::CorrectaSinNumero: return "la línea a> no empieza por un número";
+        case DefectoRegistro::CorrectaFueraDeRango: return "la línea a> nombra una respuesta que no existe";
         case DefectoRegistro::LineaLarga:
             // kMaxLineaQzf, escrito: el texto no se compone.
             static_assert(kMaxLineaQzf == 4096, "el texto dice 4096");

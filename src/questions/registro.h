@@ -20,9 +20,7 @@ inline constexpr std::int64_t kMaxFicheroQzf = std::int64_t{64} * 1024 * 1024;
 enum class TipoLinea { Pregunta, Respuesta, Correcta, Comentario, Otra };
 
 TipoLinea ClaseDeLinea(const std::string& linea);
-inline bool EsLineaPregunta(const std::string& linea) {
-    return ClaseDeLinea(linea) == TipoLinea::Pregunta;
-}
+inline bool EsLineaPregunta(const std::string& linea) { return ClaseDeLinea(linea) == TipoLinea::Pregunta; }
 
 // El número de una línea "a>": blancos y luego cifras decimales; lo que siga no cuenta.
 // Falso si tras los blancos no hay cifra. Un número enorme queda en un valor

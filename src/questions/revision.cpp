@@ -52,11 +52,16 @@ bool PareceUtf8(const std::string& l) {
     while (i < l.size()) {
         auto b = static_cast<unsigned char>(l[i]);
         std::size_t n = 0;
-        if (b < 0x80) n = 1;
-        else if (b >= 0xC2 && b <= 0xDF) n = 2;
-        else if (b >= 0xE0 && b <= 0xEF) n = 3;
-        else if (b >= 0xF0 && b <= 0xF4) n = 4;
-        else return false;
+        if (b < 0x80)
+            n = 1;
+        else if (b >= 0xC2 && b <= 0xDF)
+            n = 2;
+        else if (b >= 0xE0 && b <= 0xEF)
+            n = 3;
+        else if (b >= 0xF0 && b <= 0xF4)
+            n = 4;
+        else
+            return false;
         if (i + n > l.size()) return false;
         for (std::size_t k = 1; k < n; ++k) {
             if ((static_cast<unsigned char>(l[i + k]) & 0xC0) != 0x80) return false;
@@ -68,9 +73,7 @@ bool PareceUtf8(const std::string& l) {
 }
 
 // Bytes que Windows-1252 no define.
-bool ByteSinDefinir(unsigned char b) {
-    return b == 0x81 || b == 0x8D || b == 0x8F || b == 0x90 || b == 0x9D;
-}
+bool ByteSinDefinir(unsigned char b) { return b == 0x81 || b == 0x8D || b == 0x8F || b == 0x90 || b == 0x9D; }
 
 std::string Num(int n) { return std::to_string(n); }
 
@@ -255,9 +258,7 @@ namespace {
 
 RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
     RevisionQzf r;
-    auto problema = [&r](int linea, std::string texto) {
-        r.problemas.push_back({linea, std::move(texto)});
-    };
+    auto problema = [&r](int linea, std::string texto) { r.problemas.push_back({linea, std::move(texto)}); };
     const std::vector<Linea> lineas = Partir(bytes);
     const int n = static_cast<int>(lineas.size());
 
@@ -307,8 +308,9 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
         const TipoLinea tipo = ClaseDeLinea(texto);
         if (tipo != TipoLinea::Pregunta) {
             if (dentro && tipo != TipoLinea::Otra)
-                problema(i + 1, "esta línea está fuera de cualquier pregunta y el juego no la lee "
-                                "(¿sobra una línea en blanco o falta la q>?)");
+                problema(i + 1,
+                         "esta línea está fuera de cualquier pregunta y el juego no la lee "
+                         "(¿sobra una línea en blanco o falta la q>?)");
             ++i;
             continue;
         }
@@ -331,8 +333,9 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
             if (!nueva) problema(inicio, "pregunta repetida: ya está en la línea " + Num(it->second));
         }
         if (i == n - 1) {
-            problema(inicio, "la pregunta es la última línea: el juego la toma por el final del "
-                             "fichero y nunca la hace");
+            problema(inicio,
+                     "la pregunta es la última línea: el juego la toma por el final del "
+                     "fichero y nunca la hace");
             break;
         }
 
@@ -366,8 +369,10 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
                             ? lineaCorrecta
                             : inicio;
             if (defecto == DefectoRegistro::LineaLarga) donde = lineaLarga;
-            problema(donde, std::string(TextoDefecto(defecto)) + ": el juego se salta la pregunta "
-                            "de la línea " + Num(inicio));
+            problema(donde, std::string(TextoDefecto(defecto)) +
+                                ": el juego se salta la pregunta "
+                                "de la línea " +
+                                Num(inicio));
         }
         if (registro.LineasCorrecta > 1)
             problema(inicio, "la pregunta tiene " + Num(registro.LineasCorrecta) +
@@ -380,8 +385,9 @@ RevisionQzf Revisar(const std::string& bytes, std::vector<Hecha>& hechas) {
                                     " se traga esta pregunta al leer seguido; pon ese comentario "
                                     "en la línea a> o deja esa pregunta la última del fichero");
             } else {
-                problema(j + 1, "falta una línea en blanco antes de esta pregunta: al leer seguido "
-                                "el juego se la salta");
+                problema(j + 1,
+                         "falta una línea en blanco antes de esta pregunta: al leer seguido "
+                         "el juego se la salta");
             }
             i = j;  // esa "q>" empieza el registro siguiente
         } else {

@@ -121,7 +121,6 @@ std::optional<PartidaLeida> InterpretarPartida(const std::vector<RegistroDelimit
 
 }  // namespace
 
-
 std::string BytesPartida(const Module1& m, const CamposForm1& f) {
     EscritorDelimitado e;
     e.Entero(m.NumJugadores);

@@ -262,7 +262,8 @@ bool SistemaFicherosReal::EsCarpeta(const std::string& ruta) {
     return fs::is_directory(RutaNativa(ruta), ec);
 }
 
-std::vector<std::string> SistemaFicherosReal::Listar(const std::string& carpeta, const std::string& extension) {
+std::vector<std::string> SistemaFicherosReal::Listar(const std::string& carpeta,
+                                                     const std::string& extension) {
     std::vector<std::string> nombres;
     std::error_code ec;
     fs::directory_iterator it(RutaNativa(carpeta), ec);

@@ -27,8 +27,8 @@ inline std::vector<std::pair<std::string, std::string>> FicherosDelCorpus(const 
     std::vector<std::pair<std::string, std::string>> ficheros;
     for (const auto& e : std::filesystem::directory_iterator(std::string(SABELOT_CORPUS) + "/" + carpeta)) {
         std::ifstream f(e.path(), std::ios::binary);
-        ficheros.emplace_back(e.path().filename().string(),
-                              std::string(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()));
+        ficheros.emplace_back(e.path().filename().string(), std::string(std::istreambuf_iterator<char>(f),
+                                                                        std::istreambuf_iterator<char>()));
     }
     std::sort(ficheros.begin(), ficheros.end());
     return ficheros;

@@ -31,7 +31,9 @@ public:
     std::vector<std::string> Listar(const std::string& carpeta, const std::string& extension) override {
         return real_.Listar(carpeta, extension);
     }
-    std::unique_ptr<Fichero> Abrir(const std::string& ruta, int& error) override { return real_.Abrir(ruta, error); }
+    std::unique_ptr<Fichero> Abrir(const std::string& ruta, int& error) override {
+        return real_.Abrir(ruta, error);
+    }
     std::unique_ptr<Fichero> CrearJunto(const std::string& destino, std::string& ruta) override {
         if (fallaCrear) return nullptr;
         auto f = real_.CrearJunto(destino, ruta);
@@ -40,7 +42,9 @@ public:
         return std::make_unique<FicheroAveriado>(std::move(f), *this);
     }
     bool Protegido(const std::string& ruta) override { return real_.Protegido(ruta); }
-    bool CopiarPermisos(const std::string& de, const std::string& a) override { return real_.CopiarPermisos(de, a); }
+    bool CopiarPermisos(const std::string& de, const std::string& a) override {
+        return real_.CopiarPermisos(de, a);
+    }
     bool Renombrar(const std::string& de, const std::string& a) override {
         return !fallaRenombrar && real_.Renombrar(de, a);
     }

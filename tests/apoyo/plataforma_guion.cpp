@@ -18,8 +18,8 @@ namespace sabelot::prueba {
 CarpetaTemporal::CarpetaTemporal() {
     static std::atomic<int> cuenta{0};
     std::random_device rd;
-    fs::path p = fs::temp_directory_path() /
-                 ("sabelot-" + std::to_string(rd()) + "-" + std::to_string(cuenta++));
+    fs::path p =
+        fs::temp_directory_path() / ("sabelot-" + std::to_string(rd()) + "-" + std::to_string(cuenta++));
     fs::create_directories(p);
     ruta_ = p.u8string();  // UTF-8, como todas las rutas del juego
 }
@@ -82,7 +82,7 @@ int PlataformaGuion::CuadroMensaje(const std::string& texto, int estilo, const s
 }
 
 std::string PlataformaGuion::CuadroEntrada(const std::string& indicacion, const std::string& titulo,
-                                      const std::string& inicial) {
+                                           const std::string& inicial) {
     entradas.push_back({indicacion, titulo, inicial});
     if (textos.empty()) {
         ADD_FAILURE() << "InputBox sin respuesta en el guion: " << titulo;

@@ -235,9 +235,7 @@ private:
             const int r = Entero(0, 5);
             if (b.empty() && r != 2) continue;
             switch (r) {
-                case 0:
-                    b.resize(sitio(0));
-                    break;
+                case 0: b.resize(sitio(0)); break;
                 case 1: {
                     const std::size_t i = sitio(0);
                     b[i] = static_cast<char>(b[i] ^ (1 << Entero(0, 7)));
@@ -249,12 +247,8 @@ private:
                     b.insert(i, t == 11 ? std::string(1, '\0') : std::string(kTrozos[t]));
                     break;
                 }
-                case 3:
-                    b.erase(sitio(0), static_cast<std::size_t>(Entero(1, 10)));
-                    break;
-                case 4:
-                    b += b.substr(0, b.size() / 2);
-                    break;
+                case 3: b.erase(sitio(0), static_cast<std::size_t>(Entero(1, 10))); break;
+                case 4: b += b.substr(0, b.size() / 2); break;
                 default:
                     // Un número cualquiera en lugar de un dígito.
                     for (std::size_t i = 0; i < b.size(); ++i) {

@@ -16,7 +16,8 @@ int fallos = 0;
 
 std::string Utf8(const std::wstring& w) {
     if (w.empty()) return std::string();
-    const int n = WideCharToMultiByte(CP_UTF8, 0, w.data(), static_cast<int>(w.size()), nullptr, 0, nullptr, nullptr);
+    const int n =
+        WideCharToMultiByte(CP_UTF8, 0, w.data(), static_cast<int>(w.size()), nullptr, 0, nullptr, nullptr);
     std::string r(static_cast<std::size_t>(n), '\0');
     WideCharToMultiByte(CP_UTF8, 0, w.data(), static_cast<int>(w.size()), &r[0], n, nullptr, nullptr);
     return r;
@@ -36,8 +37,8 @@ std::wstring TextoVentana(HWND v) {
 // Lo que un lector que use MSAA leería como nombre del control.
 std::wstring NombreMsaa(HWND v) {
     IAccessible* acc = nullptr;
-    const HRESULT hr =
-        AccessibleObjectFromWindow(v, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, reinterpret_cast<void**>(&acc));
+    const HRESULT hr = AccessibleObjectFromWindow(v, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                                  reinterpret_cast<void**>(&acc));
     if (FAILED(hr) || !acc) {
         wchar_t b[64];
         wsprintfW(b, L"(sin objeto: 0x%08lX)", static_cast<unsigned long>(hr));
@@ -65,20 +66,25 @@ int wmain() {
     clase.lpszClassName = L"PruebaLectores";
     RegisterClassW(&clase);
     // Como Picture1: un hijo sin texto propio dentro de una ventana que no se muestra.
-    HWND marco = CreateWindowExW(0, L"PruebaLectores", L"Sábelot", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr,
-                                 nullptr, inst, nullptr);
-    HWND lienzo = CreateWindowExW(0, L"PruebaLectores", L"", WS_CHILD | WS_TABSTOP, 0, 0, 100, 100, marco, nullptr,
-                                  inst, nullptr);
+    HWND marco = CreateWindowExW(0, L"PruebaLectores", L"Sábelot", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200,
+                                 nullptr, nullptr, inst, nullptr);
+    HWND lienzo = CreateWindowExW(0, L"PruebaLectores", L"", WS_CHILD | WS_TABSTOP, 0, 0, 100, 100, marco,
+                                  nullptr, inst, nullptr);
     Comprobar(marco && lienzo, "ventanas creadas");
 
-    Comprobar(lectores::Ancho("S\xC3\xA1" "belot, \xC2\xBFpregunta?") == L"Sábelot, ¿pregunta?", "UTF-8 a UTF-16");
-    Comprobar(lectores::Ancho("") .empty(), "texto vacío");
+    Comprobar(lectores::Ancho("S\xC3\xA1"
+                              "belot, \xC2\xBFpregunta?") == L"Sábelot, ¿pregunta?",
+              "UTF-8 a UTF-16");
+    Comprobar(lectores::Ancho("").empty(), "texto vacío");
 
     lectores::Cadena cadena;
     const lectores::Via elegida = cadena.Elegir();
     std::printf("vía elegida: %s\n", Utf8(lectores::NombreVia(elegida)).c_str());
 
-    const std::string bienvenida = "\xC2\xA1" "Bienvenido a S\xC3\xA1" "belot!";
+    const std::string bienvenida =
+        "\xC2\xA1"
+        "Bienvenido a S\xC3\xA1"
+        "belot!";
     const lectores::Via usada = cadena.Decir(lienzo, bienvenida, true);
     std::printf("anuncio dicho por: %s\n", Utf8(lectores::NombreVia(usada)).c_str());
     Comprobar(usada != lectores::Via::Ninguna, "el anuncio llega por alguna vía");
@@ -87,23 +93,28 @@ int wmain() {
     // el primer texto de una tecla corta lo anterior, los siguientes no.
     if (HMODULE falso = GetModuleHandleW(L"nvdaControllerClient64.dll")) {
         using Registro = const wchar_t* (*)();
-        auto leer = reinterpret_cast<Registro>(reinterpret_cast<void*>(GetProcAddress(falso, "Falso_Registro")));
+        auto leer =
+            reinterpret_cast<Registro>(reinterpret_cast<void*>(GetProcAddress(falso, "Falso_Registro")));
         Comprobar(usada == lectores::Via::Nvda, "NVDA elegido con su DLL junto al programa");
         cadena.Decir(lienzo, L"Casilla 5", true);
         cadena.Decir(lienzo, L"Casilla 5", true);
         cadena.Decir(lienzo, L"¿Quién fue?", false);
-        Comprobar(leer && std::wstring(leer()) == L"[callar][¡Bienvenido a Sábelot!][callar][Casilla 5][callar][Casilla 5]"
-                                                 L"[¿Quién fue?]",
+        Comprobar(leer && std::wstring(leer()) ==
+                              L"[callar][¡Bienvenido a Sábelot!][callar][Casilla 5][callar][Casilla 5]"
+                              L"[¿Quién fue?]",
                   "NVDA: lo dicho, repetido, y cortado solo al empezar");
     } else {
-        Comprobar(cadena.DecirCon(lectores::Via::Nvda, lienzo, L"x", true) == false, "sin la DLL de NVDA no se usa");
+        Comprobar(cadena.DecirCon(lectores::Via::Nvda, lienzo, L"x", true) == false,
+                  "sin la DLL de NVDA no se usa");
     }
 
     // Sin JAWS esa vía dice que no y no se cae.
     const bool hayJaws = FindWindowW(L"JFWUI2", nullptr) != nullptr;
-    if (!hayJaws) Comprobar(!cadena.DecirCon(lectores::Via::Jaws, lienzo, L"x", true), "JAWS ausente: no se usa");
-    std::printf("UI Automation directa: %s\n",
-                cadena.DecirCon(lectores::Via::Uia, lienzo, L"Casilla 5", true) ? "aceptada" : "no disponible");
+    if (!hayJaws)
+        Comprobar(!cadena.DecirCon(lectores::Via::Jaws, lienzo, L"x", true), "JAWS ausente: no se usa");
+    std::printf("UI Automation directa: %s\n", cadena.DecirCon(lectores::Via::Uia, lienzo, L"Casilla 5", true)
+                                                   ? "aceptada"
+                                                   : "no disponible");
 
     // MSAA: el nombre cambia, se repite, y dos textos de una tecla se juntan.
     cadena.DecirCon(lectores::Via::Msaa, lienzo, L"Casilla 5", true);
@@ -119,7 +130,8 @@ int wmain() {
     Comprobar(leido == L"Tema: Historia. ¿Quién fue?", "un cliente MSAA lee el texto como nombre");
 
     // Otro control: lo de antes no se le junta.
-    HWND boton = CreateWindowExW(0, L"BUTTON", L"Aceptar", WS_CHILD, 0, 120, 80, 24, marco, nullptr, inst, nullptr);
+    HWND boton =
+        CreateWindowExW(0, L"BUTTON", L"Aceptar", WS_CHILD, 0, 120, 80, 24, marco, nullptr, inst, nullptr);
     cadena.DecirCon(lectores::Via::Msaa, boton, L"Aceptar", false);
     Comprobar(TextoVentana(boton) == L"Aceptar", "MSAA: otro control empieza de cero");
 
@@ -127,7 +139,8 @@ int wmain() {
     std::wstring recibido;
     cadena.PonerNombre = [&](HWND, const std::wstring& t) { recibido = t; };
     cadena.DecirCon(lectores::Via::Msaa, lienzo, L"Fin", true);
-    Comprobar(recibido == L"Fin" && TextoVentana(lienzo) == L"Tema: Historia. ¿Quién fue?", "MSAA con PonerNombre");
+    Comprobar(recibido == L"Fin" && TextoVentana(lienzo) == L"Tema: Historia. ¿Quién fue?",
+              "MSAA con PonerNombre");
 
     // Cien textos seguidos por la vía elegida: nada se cae ni se atasca.
     for (int i = 0; i < 100; ++i) cadena.Decir(lienzo, L"Texto " + std::to_wstring(i), i % 2 == 0);

@@ -4,13 +4,12 @@
 #include <cstdio>
 #include <exception>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <set>
 
-#include <nlohmann/json.hpp>
-
+#include "comun/texto.h"
 #include "questions/revision.h"
 #include "storage/cp1252.h"
-#include "comun/texto.h"
 
 namespace sabelot {
 
@@ -106,15 +105,14 @@ public:
         c.pregunta = Limpiar(c.pregunta);
         for (auto& x : c.respuestas) x = Limpiar(x);
         if (c.pregunta.empty()) return Rechazar(c.lugar, "la pregunta está vacía");
-        if (c.respuestas.size() < 2)
-            return Rechazar(c.lugar, "hacen falta al menos dos respuestas");
+        if (c.respuestas.size() < 2) return Rechazar(c.lugar, "hacen falta al menos dos respuestas");
         if (c.respuestas.size() > static_cast<std::size_t>(kMaxRespuestas))
             return Rechazar(c.lugar, "tiene " + Num(static_cast<long long>(c.respuestas.size())) +
                                          " respuestas y caben " + Num(kMaxRespuestas) + " como mucho");
         for (std::size_t i = 0; i < c.respuestas.size(); ++i)
             if (c.respuestas[i].empty())
-                return Rechazar(c.lugar, "la respuesta " + Num(static_cast<long long>(i + 1)) +
-                                             " está vacía");
+                return Rechazar(c.lugar,
+                                "la respuesta " + Num(static_cast<long long>(i + 1)) + " está vacía");
         if (c.correcta < 1 || c.correcta > static_cast<int>(c.respuestas.size()))
             return Rechazar(c.lugar, "no se sabe cuál es la respuesta correcta");
 
@@ -135,8 +133,7 @@ public:
 
         const std::string clave = ClavePregunta(pregunta);
         auto ya = vistas_.find(clave);
-        if (ya != vistas_.end())
-            return Rechazar(c.lugar, "pregunta repetida (" + ya->second + ")");
+        if (ya != vistas_.end()) return Rechazar(c.lugar, "pregunta repetida (" + ya->second + ")");
         if (r_.convertidas >= kMaxPreguntas)
             return Rechazar(c.lugar, "el fichero ya tiene " + Num(kMaxPreguntas) +
                                          " preguntas, las que el juego puede contar");
@@ -215,8 +212,7 @@ void ConvertirAiken(const std::string& texto, Escritor& e) {
             for (std::size_t k = 0; k < letras.size(); ++k)
                 if (letras[k] == resto[0]) c.correcta = static_cast<int>(k + 1);
             if (c.correcta == 0) {
-                e.Rechazar(c.lugar, "ANSWER: " + resto + " no es ninguna de las opciones (" +
-                                        Linea(i) + ")");
+                e.Rechazar(c.lugar, "ANSWER: " + resto + " no es ninguna de las opciones (" + Linea(i) + ")");
                 continue;
             }
             e.Anadir(c);
@@ -278,15 +274,11 @@ std::string PonerEscapes(const std::string& s) {
 }
 
 // El texto de una respuesta sin su realimentación (#...).
-std::string SinRealimentacion(const std::string& s) {
-    return s.substr(0, s.find('#'));
-}
+std::string SinRealimentacion(const std::string& s) { return s.substr(0, s.find('#')); }
 
 void ConvertirBloqueGift(const std::string& bloque, const std::string& lugar, Escritor& e) {
     std::string s = SinBlancos(bloque);
-    auto noConvertida = [&](const std::string& porque) {
-        e.Rechazar(lugar, "no se convierte: " + porque);
-    };
+    auto noConvertida = [&](const std::string& porque) { e.Rechazar(lugar, "no se convierte: " + porque); };
     if (s.rfind("::", 0) == 0) {
         std::size_t fin = s.find("::", 2);
         if (fin == std::string::npos) return noConvertida("el título no se cierra con ::");
@@ -374,17 +366,16 @@ void ConvertirGift(const std::string& texto, Escritor& e) {
 // Las entidades de HTML que trae el JSON; las desconocidas se dejan tal cual.
 std::string SinEntidades(const std::string& s) {
     static const std::map<std::string, char32_t> nombres = {
-        {"quot", 0x22},   {"amp", 0x26},    {"apos", 0x27},   {"lt", 0x3C},     {"gt", 0x3E},
-        {"nbsp", 0xA0},   {"iexcl", 0xA1},  {"deg", 0xB0},    {"iquest", 0xBF}, {"Agrave", 0xC0},
-        {"Aacute", 0xC1}, {"Auml", 0xC4},   {"Aring", 0xC5},  {"Ccedil", 0xC7}, {"Eacute", 0xC9},
-        {"Iacute", 0xCD}, {"Ntilde", 0xD1}, {"Oacute", 0xD3}, {"Ouml", 0xD6},   {"Uacute", 0xDA},
-        {"Uuml", 0xDC},   {"szlig", 0xDF},  {"agrave", 0xE0}, {"aacute", 0xE1}, {"acirc", 0xE2},
-        {"auml", 0xE4},   {"aring", 0xE5},  {"ccedil", 0xE7}, {"egrave", 0xE8}, {"eacute", 0xE9},
-        {"ecirc", 0xEA},  {"euml", 0xEB},   {"iacute", 0xED}, {"iuml", 0xEF},   {"ntilde", 0xF1},
-        {"oacute", 0xF3}, {"ocirc", 0xF4},  {"ouml", 0xF6},   {"uacute", 0xFA}, {"uuml", 0xFC},
-        {"shy", 0xAD},    {"ndash", 0x2013}, {"mdash", 0x2014}, {"lsquo", 0x2018},
-        {"rsquo", 0x2019}, {"ldquo", 0x201C}, {"rdquo", 0x201D}, {"hellip", 0x2026},
-        {"pi", 0x3C0},
+        {"quot", 0x22},    {"amp", 0x26},     {"apos", 0x27},     {"lt", 0x3C},      {"gt", 0x3E},
+        {"nbsp", 0xA0},    {"iexcl", 0xA1},   {"deg", 0xB0},      {"iquest", 0xBF},  {"Agrave", 0xC0},
+        {"Aacute", 0xC1},  {"Auml", 0xC4},    {"Aring", 0xC5},    {"Ccedil", 0xC7},  {"Eacute", 0xC9},
+        {"Iacute", 0xCD},  {"Ntilde", 0xD1},  {"Oacute", 0xD3},   {"Ouml", 0xD6},    {"Uacute", 0xDA},
+        {"Uuml", 0xDC},    {"szlig", 0xDF},   {"agrave", 0xE0},   {"aacute", 0xE1},  {"acirc", 0xE2},
+        {"auml", 0xE4},    {"aring", 0xE5},   {"ccedil", 0xE7},   {"egrave", 0xE8},  {"eacute", 0xE9},
+        {"ecirc", 0xEA},   {"euml", 0xEB},    {"iacute", 0xED},   {"iuml", 0xEF},    {"ntilde", 0xF1},
+        {"oacute", 0xF3},  {"ocirc", 0xF4},   {"ouml", 0xF6},     {"uacute", 0xFA},  {"uuml", 0xFC},
+        {"shy", 0xAD},     {"ndash", 0x2013}, {"mdash", 0x2014},  {"lsquo", 0x2018}, {"rsquo", 0x2019},
+        {"ldquo", 0x201C}, {"rdquo", 0x201D}, {"hellip", 0x2026}, {"pi", 0x3C0},
     };
     std::string r;
     for (std::size_t i = 0; i < s.size(); ++i) {
@@ -396,9 +387,8 @@ std::string SinEntidades(const std::string& s) {
                 if (nombre.size() > 1 && nombre[0] == '#') {
                     const bool hex = nombre[1] == 'x' || nombre[1] == 'X';
                     const std::string cifras = nombre.substr(hex ? 2 : 1);
-                    if (!cifras.empty() &&
-                        cifras.find_first_not_of(hex ? "0123456789abcdefABCDEF" : "0123456789") ==
-                            std::string::npos)
+                    if (!cifras.empty() && cifras.find_first_not_of(hex ? "0123456789abcdefABCDEF"
+                                                                        : "0123456789") == std::string::npos)
                         c = static_cast<char32_t>(std::stoul(cifras, nullptr, hex ? 16 : 10));
                     if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) c = 0;
                 } else {
@@ -484,11 +474,14 @@ void ConvertirOpenTdb(const std::string& texto, Escritor& e) {
         c.lugar = lugar;
         c.pregunta = SinEntidades(p["question"].get<std::string>());
         const std::string correcta = SinEntidades(p["correct_answer"].get<std::string>());
-        const std::string tipo = p.contains("type") && p["type"].is_string() ? p["type"].get<std::string>() : "";
+        const std::string tipo =
+            p.contains("type") && p["type"].is_string() ? p["type"].get<std::string>() : "";
         if (tipo == "boolean") {
             c.respuestas = {"Verdadero", "Falso"};
-            if (correcta == "True") c.correcta = 1;
-            else if (correcta == "False") c.correcta = 2;
+            if (correcta == "True")
+                c.correcta = 1;
+            else if (correcta == "False")
+                c.correcta = 2;
             else {
                 e.Rechazar(lugar, "en verdadero o falso la correcta debe ser True o False");
                 continue;
@@ -499,8 +492,10 @@ void ConvertirOpenTdb(const std::string& texto, Escritor& e) {
         std::vector<std::string> malas;
         bool bien = true;
         for (const auto& m : p["incorrect_answers"]) {
-            if (!m.is_string()) bien = false;
-            else malas.push_back(SinEntidades(m.get<std::string>()));
+            if (!m.is_string())
+                bien = false;
+            else
+                malas.push_back(SinEntidades(m.get<std::string>()));
         }
         if (!bien) {
             e.Rechazar(lugar, "incorrect_answers debe ser una lista de textos");
@@ -523,10 +518,14 @@ bool Termina(const std::string& s, const std::string& fin) {
 
 bool FormatoPorNombre(const std::string& nombre, FormatoEntrada& formato) {
     const std::string n = Minusculas(nombre);
-    if (n == "aiken") formato = FormatoEntrada::Aiken;
-    else if (n == "gift") formato = FormatoEntrada::Gift;
-    else if (n == "opentdb") formato = FormatoEntrada::OpenTdb;
-    else return false;
+    if (n == "aiken")
+        formato = FormatoEntrada::Aiken;
+    else if (n == "gift")
+        formato = FormatoEntrada::Gift;
+    else if (n == "opentdb")
+        formato = FormatoEntrada::OpenTdb;
+    else
+        return false;
     return true;
 }
 
@@ -550,15 +549,9 @@ ResultadoConversion Convertir(FormatoEntrada formato, const std::string& bytes) 
     // Nada de lo que venga en el fichero debe tumbar la orden: lo que se escape, se dice.
     try {
         switch (formato) {
-            case FormatoEntrada::Aiken:
-                ConvertirAiken(texto, e);
-                break;
-            case FormatoEntrada::Gift:
-                ConvertirGift(texto, e);
-                break;
-            case FormatoEntrada::OpenTdb:
-                ConvertirOpenTdb(texto, e);
-                break;
+            case FormatoEntrada::Aiken: ConvertirAiken(texto, e); break;
+            case FormatoEntrada::Gift: ConvertirGift(texto, e); break;
+            case FormatoEntrada::OpenTdb: ConvertirOpenTdb(texto, e); break;
         }
     } catch (const std::exception&) {
         r = ResultadoConversion{};
