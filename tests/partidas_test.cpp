@@ -232,14 +232,14 @@ TEST(Partidas, LaRutaLlevaUnSoloSav) {
 TEST(Partidas, ElNombreNoDistingueMayusculas) {
     JuegoPrueba jp;
     PartidaEnJuego(jp);
-    jp.p.carpeta.Escribir("ñandú1.sav", kEjemplo);
-    jp.p.textos = {"ÑANDÚ1"};
+    jp.p.carpeta.Escribir("Ñandú1.sav", kEjemplo);
+    jp.p.textos = {"ñANDÚ1"};
     jp.f().CargarPartida();
     EXPECT_TRUE(jp.p.mensajes.empty());
     EXPECT_EQ(2, jp.m().NumJugadores);
-    jp.p.textos = {"Ñandú1.SAV"};
+    jp.p.textos = {"ñandú1.SAV"};
     jp.f().GuardarPartida();
-    EXPECT_EQ(std::vector<std::string>{"ñandú1.sav"}, FicherosDeLaCarpeta(jp)) << "la misma, no otra";
+    EXPECT_EQ(std::vector<std::string>{"Ñandú1.sav"}, FicherosDeLaCarpeta(jp)) << "la misma, no otra";
 }
 
 TEST(Partidas, GuardarEncimaBorraLoAnterior) {
