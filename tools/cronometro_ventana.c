@@ -1,6 +1,8 @@
 /* Arranca un programa y cuenta los milisegundos hasta que una ventana suya está en pantalla;
    medio segundo después lee su pico de memoria residente (VmHWM) y lo cierra.
-   Imprime "ms KiB". Lo usa tools/medir_arranque.sh.
+   Imprime "ms KiB ms_cpu": el último, el tiempo de procesador que el programa (todos sus hilos)
+   ha gastado hasta ver su ventana, que depende menos de la carga de la máquina. Lo usa
+   tools/medir_arranque.sh.
 
      cronometro_ventana [--titulo TEXTO] PROGRAMA [ARGUMENTOS...]
 
@@ -10,6 +12,7 @@
 #define _POSIX_C_SOURCE 200809L
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <dirent.h>
 #include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -24,6 +27,27 @@ static double ahora_ms(void) {
     struct timespec t;
     clock_gettime(CLOCK_MONOTONIC, &t);
     return t.tv_sec * 1000.0 + t.tv_nsec / 1e6;
+}
+
+/* Procesador gastado por todos los hilos del proceso, en ms (schedstat da ns). */
+static double cpu_ms(pid_t pid) {
+    char ruta[64];
+    snprintf(ruta, sizeof ruta, "/proc/%d/task", (int)pid);
+    DIR* tareas = opendir(ruta);
+    if (!tareas) return -1;
+    double total = 0;
+    struct dirent* e;
+    while ((e = readdir(tareas))) {
+        if (e->d_name[0] == '.') continue;
+        char f[400];
+        snprintf(f, sizeof f, "%s/%s/schedstat", ruta, e->d_name);
+        FILE* s = fopen(f, "r");
+        unsigned long long ns = 0;
+        if (s && fscanf(s, "%llu", &ns) == 1) total += ns / 1e6;
+        if (s) fclose(s);
+    }
+    closedir(tareas);
+    return total;
 }
 
 /* Una ventana puede desaparecer entre que se lista y que se pregunta por ella. */
@@ -99,12 +123,13 @@ int main(int argc, char** argv) {
         execv(argv[i], argv + i);
         _exit(127);
     }
-    double t1 = -1;
+    double t1 = -1, cpu = -1;
     const struct timespec paso = {0, 2 * 1000 * 1000};
     while (ahora_ms() - t0 < 30000) {
         if (waitpid(pid, NULL, WNOHANG) == pid) break;
         if (buscar(d, DefaultRootWindow(d), pid, titulo, 0)) {
             t1 = ahora_ms();
+            cpu = cpu_ms(pid);
             break;
         }
         nanosleep(&paso, NULL);
@@ -128,6 +153,6 @@ int main(int argc, char** argv) {
     kill(pid, SIGTERM);
     waitpid(pid, NULL, 0);
     XCloseDisplay(d);
-    printf("%.1f %ld\n", t1 - t0, kib);
+    printf("%.1f %ld %.1f\n", t1 - t0, kib, cpu);
     return kib < 0;
 }

@@ -1,13 +1,60 @@
 #include "sonido_sdl.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include <SDL.h>
 
+#ifdef SABELOT_SDL_AL_SONAR
+#include <dlfcn.h>
+#endif
+
 namespace {
 constexpr int kVozDado = 0;     // MediaPlayer1
 constexpr int kVozAplauso = 1;  // MP2
+
+// Lo que se usa de SDL2, a través de punteros: en Linux la biblioteca se carga con el primer
+// sonido, porque enlazarla traería al arranque PulseAudio, libsndfile y sus códecs.
+// clang-format off
+#define SABELOT_FUNCIONES_SDL(F)                                                                     \
+    F(InitSubSystem) F(QuitSubSystem) F(OpenAudioDevice) F(CloseAudioDevice) F(PauseAudioDevice)    \
+    F(LockAudioDevice) F(UnlockAudioDevice) F(RWFromFile) F(LoadWAV_RW) F(FreeWAV) F(NewAudioStream) \
+    F(AudioStreamPut) F(AudioStreamFlush) F(AudioStreamAvailable) F(AudioStreamGet)                  \
+    F(FreeAudioStream) F(MixAudioFormat)
+// clang-format on
+
+struct Sdl {
+#define SABELOT_PUNTERO(nombre) decltype(&SDL_##nombre) nombre = nullptr;
+    SABELOT_FUNCIONES_SDL(SABELOT_PUNTERO)
+#undef SABELOT_PUNTERO
+};
+
+Sdl sdl;
+
+// Falso si no hay SDL2 que cargar: entonces no hay sonido, como sin dispositivo.
+bool CargarSdl() {
+#ifdef SABELOT_SDL_AL_SONAR
+    // Se queda cargada hasta el final: el hilo del audio es suyo.
+    void* biblioteca = dlopen("libSDL2-2.0.so.0", RTLD_NOW | RTLD_LOCAL);
+    if (!biblioteca) return false;
+#define SABELOT_CARGAR(nombre)                                                              \
+    sdl.nombre = reinterpret_cast<decltype(sdl.nombre)>(dlsym(biblioteca, "SDL_" #nombre)); \
+    if (!sdl.nombre) return false;
+#else
+#define SABELOT_CARGAR(nombre) sdl.nombre = &SDL_##nombre;
+#endif
+    SABELOT_FUNCIONES_SDL(SABELOT_CARGAR)
+#undef SABELOT_CARGAR
+    return true;
+}
+
+// Una sola vez en el proceso: el hilo del audio lee los punteros.
+bool HaySdl() {
+    static const bool hay = CargarSdl();
+    return hay;
+}
+
 }  // namespace
 
 SonidoSdl::SonidoSdl(std::function<void()> alTerminar) : alTerminar_(std::move(alTerminar)) {}
@@ -17,7 +64,7 @@ void SonidoSdl::Abrir() {
     intentado_ = true;
     // Abrir el audio (ALSA, PulseAudio) cuesta decenas de milisegundos y memoria: se deja para
     // el primer sonido, no para el arranque. Sin sonido el juego sigue: solo se pierde lo que se oye.
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return;
+    if (!HaySdl() || sdl.InitSubSystem(SDL_INIT_AUDIO) != 0) return;
     SDL_AudioSpec quiero{};
     quiero.freq = 22050;
     quiero.format = AUDIO_S16SYS;
@@ -28,23 +75,23 @@ void SonidoSdl::Abrir() {
     SDL_AudioSpec tengo{};
     // Se acepta el formato que prefiera el dispositivo: los ficheros se convierten al cargarlos
     // y el hilo del audio solo suma.
-    dispositivo_ = SDL_OpenAudioDevice(nullptr, 0, &quiero, &tengo, SDL_AUDIO_ALLOW_ANY_CHANGE);
+    dispositivo_ = sdl.OpenAudioDevice(nullptr, 0, &quiero, &tengo, SDL_AUDIO_ALLOW_ANY_CHANGE);
     if (dispositivo_ == 0) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        sdl.QuitSubSystem(SDL_INIT_AUDIO);
         return;
     }
     formato_ = tengo.format;
     canales_ = tengo.channels;
     frecuencia_ = tengo.freq;
     silencio_ = tengo.silence;
-    SDL_PauseAudioDevice(dispositivo_, 0);
+    sdl.PauseAudioDevice(dispositivo_, 0);
 }
 
 SonidoSdl::~SonidoSdl() {
     if (dispositivo_ == 0) return;
     // Cerrar espera a que acabe el hilo del audio: después ya nadie toca las voces.
-    SDL_CloseAudioDevice(dispositivo_);
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    sdl.CloseAudioDevice(dispositivo_);
+    sdl.QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 std::vector<std::uint8_t> SonidoSdl::Cargar(const std::string& ruta) const {
@@ -53,29 +100,29 @@ std::vector<std::uint8_t> SonidoSdl::Cargar(const std::string& ruta) const {
     Uint8* datos = nullptr;
     Uint32 bytes = 0;
     // SDL lee la ruta en UTF-8 también en Windows.
-    if (!SDL_LoadWAV(ruta.c_str(), &spec, &datos, &bytes)) return salida;
+    if (!sdl.LoadWAV_RW(sdl.RWFromFile(ruta.c_str(), "rb"), 1, &spec, &datos, &bytes)) return salida;
     SDL_AudioStream* conversion =
-        SDL_NewAudioStream(spec.format, spec.channels, spec.freq, formato_, canales_, frecuencia_);
-    if (conversion && SDL_AudioStreamPut(conversion, datos, static_cast<int>(bytes)) == 0 &&
-        SDL_AudioStreamFlush(conversion) == 0) {
-        salida.resize(static_cast<std::size_t>(SDL_AudioStreamAvailable(conversion)));
-        const int leidos = SDL_AudioStreamGet(conversion, salida.data(), static_cast<int>(salida.size()));
+        sdl.NewAudioStream(spec.format, spec.channels, spec.freq, formato_, canales_, frecuencia_);
+    if (conversion && sdl.AudioStreamPut(conversion, datos, static_cast<int>(bytes)) == 0 &&
+        sdl.AudioStreamFlush(conversion) == 0) {
+        salida.resize(static_cast<std::size_t>(sdl.AudioStreamAvailable(conversion)));
+        const int leidos = sdl.AudioStreamGet(conversion, salida.data(), static_cast<int>(salida.size()));
         salida.resize(leidos > 0 ? static_cast<std::size_t>(leidos) : 0);
     }
-    if (conversion) SDL_FreeAudioStream(conversion);
-    SDL_FreeWAV(datos);
+    if (conversion) sdl.FreeAudioStream(conversion);
+    sdl.FreeWAV(datos);
     return salida;
 }
 
 // Hilo del audio, con el dispositivo bloqueado: suma lo que quede de cada voz.
 void SonidoSdl::Mezclar(void* yo, std::uint8_t* salida, int bytes) {
     auto* s = static_cast<SonidoSdl*>(yo);
-    SDL_memset(salida, s->silencio_, static_cast<std::size_t>(bytes));
+    std::memset(salida, s->silencio_, static_cast<std::size_t>(bytes));
     for (int i : {kVozDado, kVozAplauso}) {
         Voz& v = s->voces_[i];
         if (!v.sonando) continue;
         const std::size_t n = std::min(static_cast<std::size_t>(bytes), v.muestras.size() - v.posicion);
-        SDL_MixAudioFormat(salida, v.muestras.data() + v.posicion, s->formato_, static_cast<Uint32>(n),
+        sdl.MixAudioFormat(salida, v.muestras.data() + v.posicion, s->formato_, static_cast<Uint32>(n),
                            SDL_MIX_MAXVOLUME);
         v.posicion += n;
         if (v.posicion < v.muestras.size()) continue;
@@ -99,14 +146,14 @@ void SonidoSdl::Reproducir(sabelot::Reproductor reproductor, const std::string& 
     if (dispositivo_ != 0) {
         std::vector<std::uint8_t> muestras = Cargar(ruta);
         bool suena = false;
-        SDL_LockAudioDevice(dispositivo_);
+        sdl.LockAudioDevice(dispositivo_);
         // Lo que sonaba en esta voz se corta sin aviso: su final ya no contaría.
         Voz& v = voces_[voz];
         v.muestras.swap(muestras);
         v.posicion = 0;
         v.generacion = g;
         v.sonando = suena = !v.muestras.empty();
-        SDL_UnlockAudioDevice(dispositivo_);
+        sdl.UnlockAudioDevice(dispositivo_);
         if (suena) return;
     }
     // No suena (sin dispositivo, fichero que falta o que no se puede leer): el dado
