@@ -1,5 +1,5 @@
 # Compilación cruzada para Windows de 64 bits con MinGW-w64 (hilos POSIX) desde Debian.
-# SABELOT_MINGW_PREFIJO: donde tools/windows.sh dejó wxWidgets, SDL2, SDL2_mixer y GoogleTest.
+# SABELOT_MINGW_PREFIJO: donde tools/windows.sh dejó wxWidgets, SDL2 y GoogleTest.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(SABELOT_HOST x86_64-w64-mingw32)

@@ -2,7 +2,7 @@
 # Instala con apt-get lo que falte para construir, jugar y probar. Callado si ya está todo.
 # Con argumentos, instala solo esos paquetes (lo usan los modos largos de ./probar).
 set -euo pipefail
-paquetes=(build-essential cmake pkg-config libwxgtk3.2-dev libgtk-3-dev libsdl2-dev libsdl2-mixer-dev
+paquetes=(build-essential cmake pkg-config libwxgtk3.2-dev libgtk-3-dev libsdl2-dev
           libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev xvfb openbox xdotool dbus-x11 at-spi2-core
           python3-pyatspi x11-utils clang-format)
 (($# == 0)) || paquetes=("$@")

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # El programa para Windows, compilado desde Debian con MinGW-w64 y probado bajo Wine.
 #
-# wxWidgets, SDL2 y SDL2_mixer salen de los paquetes fuente de Debian y se construyen
+# wxWidgets y SDL2 salen de los paquetes fuente de Debian y se construyen
 # una sola vez en una caché fuera del repositorio (SABELOT_WINDOWS_CACHE, por omisión
 # /var/cache/sabelot-windows); las siguientes veces solo se recompila el juego.
 #
@@ -98,23 +98,6 @@ construir_sdl2() {
   cd "$RAIZ"; touch "$HECHO/sdl2"
 }
 
-construir_mixer() {
-  [[ -f $HECHO/sdl2-mixer ]] && return
-  fuente libsdl2-mixer libsdl2-mixer
-  paso "SDL2_mixer para Windows, solo WAV ($dir)"
-  rm -rf "$OBRA/mixer"
-  cmake -S "$dir" -B "$OBRA/mixer" -DCMAKE_TOOLCHAIN_FILE="$RAIZ/cmake/mingw-w64.cmake" \
-    -DSABELOT_MINGW_PREFIJO="$PREFIJO" -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$PREFIJO" \
-    -DSDL2_DIR="$PREFIJO/lib/cmake/SDL2" -DBUILD_SHARED_LIBS=OFF -DSDL2MIXER_VENDORED=OFF \
-    -DSDL2MIXER_SAMPLES=OFF -DSDL2MIXER_CMD=OFF -DSDL2MIXER_FLAC=OFF -DSDL2MIXER_MOD=OFF \
-    -DSDL2MIXER_MP3=OFF -DSDL2MIXER_MIDI=OFF -DSDL2MIXER_OPUS=OFF -DSDL2MIXER_VORBIS=OFF \
-    -DSDL2MIXER_WAVPACK=OFF -DSDL2MIXER_WAVE=ON >"$CACHE/configurar-mixer.log" 2>&1 \
-    || { tail -30 "$CACHE/configurar-mixer.log"; exit 1; }
-  cmake --build "$OBRA/mixer" -j"$TAREAS" >/dev/null
-  cmake --install "$OBRA/mixer" >/dev/null
-  touch "$HECHO/sdl2-mixer"
-}
-
 construir_wx() {
   [[ -f $HECHO/wx ]] && return
   fuente wxwidgets3.2 wxwidgets3.2
@@ -135,7 +118,6 @@ construir_wx() {
 
 mkdir -p "$HECHO" "$OBRA"
 construir_sdl2
-construir_mixer
 construir_wx
 [[ $MODO == --bibliotecas ]] && { paso "Bibliotecas listas en $PREFIJO"; exit 0; }
 

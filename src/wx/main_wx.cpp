@@ -10,8 +10,8 @@ public:
     bool OnInit() override {
         // Todo lo que lee y escribe el juego está junto al ejecutable.
         programa_ = std::make_unique<ProgramaWx>(CarpetaDelEjecutable());
-        SetTopWindow(programa_->ventana());
         programa_->Arrancar();
+        SetTopWindow(programa_->ventana());
         return true;
     }
 

@@ -48,6 +48,12 @@ PlataformaWx::Modal::~Modal() {
 void PlataformaWx::PonerVentanaPrincipal(wxWindow* principal, wxWindow* panel) {
     principal_ = principal;
     panel_ = panel;
+    if (!panel_) return;
+    huboVentana_ = true;
+    // Lo que se dijo al panel durante Form_Load, cuando aún no había ventana, se dice en cuanto
+    // el panel tenga el foco: el cuadro de bienvenida que se acaba de cerrar aún puede tenerlo.
+    for (const wxString& t : paraElPanel_) anunciador_.AnunciarAlEnfocar(panel_, t);
+    paraElPanel_.clear();
 }
 
 void PlataformaWx::FinDado() {
@@ -121,7 +127,10 @@ void PlataformaWx::Beep() { wxBell(); }
 void PlataformaWx::Decir(const std::string& texto, sabelot::Anuncios::Lugar lugar) {
     const wxString t = wxString::FromUTF8(texto);
     if (lugar == sabelot::Anuncios::Lugar::Panel) {
-        if (panel_) anunciador_.Anunciar(panel_, t);
+        if (panel_)
+            anunciador_.Anunciar(panel_, t);
+        else if (!huboVentana_)
+            paraElPanel_.push_back(t);
         return;
     }
     // Lo de un diálogo, por el control que tiene el foco en la pregunta abierta.

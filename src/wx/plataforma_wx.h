@@ -26,7 +26,8 @@ public:
     ~PlataformaWx() override;
 
     // La ventana principal: madre de los diálogos y última en cerrarse. 'panel' es el control
-    // que tiene el foco en ella y por el que se dice lo del panel.
+    // que tiene el foco en ella y por el que se dice lo del panel; lo que se le dijo antes de
+    // que hubiera ventana se le dice al ponerla.
     void PonerVentanaPrincipal(wxWindow* principal, wxWindow* panel);
     // Quién recibe el final del sonido del dado (Form1::MediaPlayer1_PlayStateChange(0)).
     void AlTerminarDado(std::function<void()> alTerminar) { alTerminarDado_ = std::move(alTerminar); }
@@ -83,6 +84,8 @@ private:
     std::unique_ptr<SonidoSdl> sonido_;
     std::function<void()> alTerminarDado_;
     bool finPendiente_ = false;
+    bool huboVentana_ = false;
+    std::vector<wxString> paraElPanel_;
     int modales_ = 0;
 
     wxWindow* principal_ = nullptr;

@@ -9,6 +9,10 @@ ProgramaWx::ProgramaWx(const std::string& carpeta, std::unique_ptr<Anunciador> a
     : anunciador_(anunciador ? std::move(anunciador) : CrearAnunciador()),
       plataforma_(std::make_unique<PlataformaWx>(carpeta, *anunciador_)),
       juego_(std::make_unique<sabelot::Juego>(*plataforma_)) {
+    plataforma_->AlTerminarDado([this] { juego_->form1.MediaPlayer1_PlayStateChange(0); });
+}
+
+void ProgramaWx::CrearVentana() {
     ventana_ = new VentanaPrincipal(juego_->form1, *anunciador_, [this] { CerrarVentana(); });
     plataforma_->PonerVentanaPrincipal(ventana_, ventana_->Picture1());
     // La ventana la destruye wx; aquí solo se deja de apuntar a ella.
@@ -19,7 +23,6 @@ ProgramaWx::ProgramaWx(const std::string& carpeta, std::unique_ptr<Anunciador> a
         }
         e.Skip();
     });
-    plataforma_->AlTerminarDado([this] { juego_->form1.MediaPlayer1_PlayStateChange(0); });
 }
 
 ProgramaWx::~ProgramaWx() {
@@ -39,8 +42,11 @@ void ProgramaWx::CerrarVentana() {
 }
 
 void ProgramaWx::Arrancar() {
+    // La ventana principal no se ve hasta que acaba Form_Load: se monta después, y así la
+    // bienvenida sale antes, sin esperar a otra ventana de GTK que aún no hace falta.
     juego_->form1.Form_Load();
-    if (ventana_) ventana_->Aparecer();
+    CrearVentana();
+    ventana_->Aparecer();
 }
 
 std::string CarpetaDelEjecutable() {

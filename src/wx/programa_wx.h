@@ -23,10 +23,11 @@ public:
     Anunciador& anunciador() { return *anunciador_; }
     PlataformaWx& plataforma() { return *plataforma_; }
     sabelot::Juego& juego() { return *juego_; }
-    // Nulo cuando la ventana ya se ha destruido.
+    // Nulo antes de Arrancar y cuando la ventana ya se ha destruido.
     VentanaPrincipal* ventana() { return ventana_; }
 
 private:
+    void CrearVentana();
     void CerrarVentana();
 
     std::unique_ptr<Anunciador> anunciador_;

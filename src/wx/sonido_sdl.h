@@ -1,15 +1,16 @@
-// Los dos reproductores de la ventana principal, sobre SDL2_mixer.
+// Los dos reproductores de la ventana principal, sobre el audio de SDL2 sin más bibliotecas:
+// el juego solo suena ficheros WAV, y SDL2 ya los lee y los convierte.
 #pragma once
 
-#include <atomic>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <wx/event.h>
 
 #include "comun/plataforma.h"
-
-struct Mix_Chunk;
 
 class SonidoSdl : public wxEvtHandler {
 public:
@@ -23,17 +24,29 @@ public:
     void Reproducir(sabelot::Reproductor reproductor, const std::string& ruta);
 
 private:
+    // Lo que suena en un reproductor: muestras ya en el formato del dispositivo.
+    struct Voz {
+        std::vector<std::uint8_t> muestras;
+        std::size_t posicion = 0;
+        bool sonando = false;
+        unsigned generacion = 0;
+    };
+
     void Abrir();
-    static void CanalTerminado(int canal);
+    // Lee el WAV y lo pasa al formato del dispositivo; vacío si no se puede.
+    std::vector<std::uint8_t> Cargar(const std::string& ruta) const;
+    static void Mezclar(void* yo, std::uint8_t* salida, int bytes);
     void Terminado(unsigned generacion);
 
     std::function<void()> alTerminar_;
-    bool abierto_ = false;
     bool intentado_ = false;
+    std::uint32_t dispositivo_ = 0;  // SDL_AudioDeviceID; 0 sin audio
+    std::uint16_t formato_ = 0;
+    std::uint8_t canales_ = 0;
+    int frecuencia_ = 0;
+    std::uint8_t silencio_ = 0;
     // Cada sonido del dado lleva un número; solo cuenta el final del último.
     unsigned generacion_ = 0;
-    std::atomic<unsigned> generacionEnCanal_{0};
-    Mix_Chunk* trozo_[2] = {nullptr, nullptr};
-
-    static std::atomic<SonidoSdl*> activo_;
+    // Se tocan con el dispositivo bloqueado: las lee el hilo del audio.
+    Voz voces_[2];
 };

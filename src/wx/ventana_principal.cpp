@@ -38,6 +38,9 @@ VentanaPrincipal::VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador
     Bind(wxEVT_CHAR_HOOK, &VentanaPrincipal::AlTecla, this);
     Bind(wxEVT_CLOSE_WINDOW, &VentanaPrincipal::AlCerrar, this);
     form1_.PonerVista(this);
+    // Se crea después de Form_Load: toma el título y el panel que Form1 ya tiene.
+    if (!form1_.Titulo().empty()) SetTitle(wxString::FromUTF8(form1_.Titulo()));
+    text1_->ChangeValue(wxString::FromUTF8(form1_.Texto1()));
 }
 
 VentanaPrincipal::~VentanaPrincipal() { form1_.PonerVista(nullptr); }

@@ -1,5 +1,6 @@
 // El juego de verdad, con sus ventanas, sobre una carpeta con los datos del juego: teclas de
 // verdad y lo que se ve y se dice.
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -160,6 +161,32 @@ TEST_F(VentanaReal, SinElSonidoDelDadoLaTiradaSigue) {
     Arrancar();
     PulsarTecla('D');
     ASSERT_TRUE(EsperarCalma(1));
+    EXPECT_EQ(finesDado, 1);
+    EXPECT_EQ(Tiradas(), 1);
+}
+
+TEST_F(VentanaReal, SinDispositivoDeSonidoLaTiradaSigue) {
+    // Un controlador de audio que no existe: SDL no abre ningún dispositivo.
+    const char* antes = std::getenv("SDL_AUDIODRIVER");
+    const std::string controlador = antes ? antes : "";
+    setenv("SDL_AUDIODRIVER", "ninguno", 1);
+    Arrancar();
+    PulsarTecla('D');
+    const bool calma = EsperarCalma(1);
+    setenv("SDL_AUDIODRIVER", controlador.c_str(), 1);
+    ASSERT_TRUE(calma);
+    EXPECT_EQ(finesDado, 1);
+    EXPECT_EQ(Tiradas(), 1);
+}
+
+TEST_F(VentanaReal, ElAplausoSuenaConElDadoYNoTira) {
+    Arrancar();
+    // El aplauso (1,6 s) empieza antes que el dado (1 s) y acaba después.
+    programa->plataforma().Reproducir(sabelot::Reproductor::MP2,
+                                      sabelot::Ruta(carpeta.Ruta(), {"sonidos", "aplauso1.wav"}));
+    PulsarTecla('D');
+    ASSERT_TRUE(EsperarCalma(1));
+    Bombear(1500);
     EXPECT_EQ(finesDado, 1);
     EXPECT_EQ(Tiradas(), 1);
 }

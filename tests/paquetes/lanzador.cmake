@@ -8,7 +8,7 @@ execute_process(COMMAND ${TRABAJO}/sabelot RESULT_VARIABLE rc OUTPUT_VARIABLE sa
 if(rc EQUAL 0)
   message(FATAL_ERROR "arrancó sin su biblioteca")
 endif()
-foreach(trozo "faltan estas bibliotecas" "libSDL2_mixer-9.9.so.0" "sudo apt install libsdl2-mixer-2.0-0")
+foreach(trozo "faltan estas bibliotecas" "libSDL2-9.9.so.0" "sudo apt install libsdl2-2.0-0")
   string(FIND "${errores}" "${trozo}" donde)
   if(donde EQUAL -1)
     message(FATAL_ERROR "falta «${trozo}» en lo que dice:\n${errores}")
