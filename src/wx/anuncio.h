@@ -4,10 +4,10 @@
 // elegida al construir.
 #pragma once
 
-#include <memory>
-
 #include <wx/string.h>
 #include <wx/window.h>
+
+#include <memory>
 
 class Anunciador {
 public:

@@ -10,14 +10,13 @@
 // - Los nombres y descripciones fijos se ponen al mostrarse la ventana, no antes: si el objeto
 //   accesible de una ventana existe antes de que se muestre, GTK avisa dos veces del foco.
 #include <gtk/gtk.h>
+#include <wx/eventfilter.h>
+#include <wx/toplevel.h>
 
 #include <algorithm>
 #include <map>
 #include <set>
 #include <string>
-
-#include <wx/eventfilter.h>
-#include <wx/toplevel.h>
 
 #include "anuncio.h"
 
@@ -98,7 +97,8 @@ class AnunciadorGtk : public Anunciador, public wxEventFilter {
 public:
     AnunciadorGtk() {
         static const bool puesto = [] {
-            g_signal_add_emission_hook(g_signal_lookup("map", GTK_TYPE_WIDGET), 0, AlMostrarse, nullptr, nullptr);
+            g_signal_add_emission_hook(g_signal_lookup("map", GTK_TYPE_WIDGET), 0, AlMostrarse, nullptr,
+                                       nullptr);
             return true;
         }();
         (void)puesto;
@@ -148,7 +148,8 @@ public:
         if (!VentanaALaVista(w)) {
             // Se pone al mostrarse la ventana.
             g_object_set_data_full(G_OBJECT(w), "sabelot-nombre", g_strdup(nombre.utf8_str()), g_free);
-            g_object_set_data_full(G_OBJECT(w), "sabelot-descripcion", g_strdup(descripcion.utf8_str()), g_free);
+            g_object_set_data_full(G_OBJECT(w), "sabelot-descripcion", g_strdup(descripcion.utf8_str()),
+                                   g_free);
             return;
         }
         PonerNombre(w, nombre.utf8_string(), descripcion.utf8_string());
@@ -208,13 +209,15 @@ private:
     void Programar() {
         if (temporizador_) return;
         const gint64 falta = std::max<gint64>(0, llegada_ + kAsiento - g_get_monotonic_time());
-        temporizador_ = g_timeout_add(static_cast<guint>(falta / 1000) + 1, &AnunciadorGtk::AlAsentarse, this);
+        temporizador_ =
+            g_timeout_add(static_cast<guint>(falta / 1000) + 1, &AnunciadorGtk::AlAsentarse, this);
     }
 
     static gboolean AlAsentarse(gpointer datos) {
         auto* yo = static_cast<AnunciadorGtk*>(datos);
         yo->temporizador_ = 0;
-        if (wxWindow::FindFocus() != yo->foco_) return G_SOURCE_REMOVE;  // el foco se fue: ya se dirá al volver
+        if (wxWindow::FindFocus() != yo->foco_)
+            return G_SOURCE_REMOVE;  // el foco se fue: ya se dirá al volver
         wxWindow* foco = ConElFoco();
         if (!foco || !yo->Asentado()) {
             // La ventana aún no está activa: al activarse vuelve a contar.

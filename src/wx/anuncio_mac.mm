@@ -64,9 +64,11 @@ public:
         teclaNueva_ = false;
         NSDictionary* datos = @{
             NSAccessibilityAnnouncementKey : Texto(texto),
-            NSAccessibilityPriorityKey : @(interrumpir ? NSAccessibilityPriorityHigh : NSAccessibilityPriorityMedium)
+            NSAccessibilityPriorityKey :
+                @(interrumpir ? NSAccessibilityPriorityHigh : NSAccessibilityPriorityMedium)
         };
-        NSAccessibilityPostNotificationWithUserInfo(origen, NSAccessibilityAnnouncementRequestedNotification, datos);
+        NSAccessibilityPostNotificationWithUserInfo(origen, NSAccessibilityAnnouncementRequestedNotification,
+                                                    datos);
     }
 
     void Nombrar(wxWindow* control, const wxString& nombre, const wxString& descripcion) override {

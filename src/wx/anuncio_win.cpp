@@ -1,12 +1,12 @@
 // Anuncios en Windows: el puente entre las ventanas wxWidgets y la cadena de lectores
 // (lectores_win.cpp), que no sabe nada de wxWidgets.
-#include <map>
-
-#include "anuncio.h"
-
 #include <wx/control.h>
 #include <wx/eventfilter.h>
 #include <wx/msw/wrapwin.h>
+
+#include <map>
+
+#include "anuncio.h"
 
 #if wxUSE_ACCESSIBILITY
 #include <wx/access.h>

@@ -4,17 +4,16 @@
 
 #include <wx/button.h>
 #include <wx/dialog.h>
-
-#include "wx/dialogo_juego.h"
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
 #include "anuncio.h"
+#include "wx/dialogo_juego.h"
 
 class CajaEntrada : public DialogoJuego {
 public:
-    CajaEntrada(wxWindow* padre, const wxString& indicacion, const wxString& titulo,
-                const wxString& inicial, Anunciador& anunciador);
+    CajaEntrada(wxWindow* padre, const wxString& indicacion, const wxString& titulo, const wxString& inicial,
+                Anunciador& anunciador);
     // Modal. El texto escrito, o "" si se cancela.
     wxString Mostrar();
 

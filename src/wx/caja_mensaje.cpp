@@ -1,11 +1,11 @@
 #include "caja_mensaje.h"
 
-#include <algorithm>
-
 #include <wx/artprov.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/tokenzr.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -36,14 +36,15 @@ wxString EtiquetaDicha(wxButton* boton) { return wxStripMenuCodes(boton->GetLabe
 CajaMensaje::CajaMensaje(wxWindow* padre, const wxString& texto, int estilo, const wxString& titulo,
                          Anunciador& anunciador)
     : DialogoJuego(padre, wxID_ANY, titulo, wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE & ~wxRESIZE_BORDER),
+                   wxDEFAULT_DIALOG_STYLE & ~wxRESIZE_BORDER),
       texto_(texto),
       siNo_((estilo & 7) == 4),
       reserva_() {
     auto* fila = new wxBoxSizer(wxHORIZONTAL);
     if ((estilo & 48) == 48) {
-        fila->Add(new wxStaticBitmap(this, wxID_ANY, wxArtProvider::GetBitmap(wxART_WARNING, wxART_MESSAGE_BOX)),
-                  0, wxALL | wxALIGN_TOP, FromDIP(10));
+        fila->Add(
+            new wxStaticBitmap(this, wxID_ANY, wxArtProvider::GetBitmap(wxART_WARNING, wxART_MESSAGE_BOX)), 0,
+            wxALL | wxALIGN_TOP, FromDIP(10));
     }
     cuadro_ = new wxTextCtrl(this, wxID_ANY, texto, wxDefaultPosition, wxDefaultSize,
                              wxTE_MULTILINE | wxTE_READONLY | wxTE_WORDWRAP);

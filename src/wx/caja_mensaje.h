@@ -3,16 +3,15 @@
 // que tiene el foco (el cuadro de GTK solo diría el título).
 #pragma once
 
-#include <vector>
-
 #include <wx/button.h>
 #include <wx/dialog.h>
-
-#include "wx/dialogo_juego.h"
 #include <wx/textctrl.h>
 #include <wx/timer.h>
 
+#include <vector>
+
 #include "anuncio.h"
+#include "wx/dialogo_juego.h"
 
 class CajaMensaje : public DialogoJuego {
 public:

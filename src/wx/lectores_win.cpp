@@ -79,7 +79,8 @@ Cadena::Cadena() {
 
     const std::wstring carpeta = CarpetaPrograma();
     if (!carpeta.empty()) {
-        const wchar_t* dll = sizeof(void*) == 8 ? L"nvdaControllerClient64.dll" : L"nvdaControllerClient32.dll";
+        const wchar_t* dll =
+            sizeof(void*) == 8 ? L"nvdaControllerClient64.dll" : L"nvdaControllerClient32.dll";
         nvda_ = LoadLibraryExW((carpeta + dll).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     }
     if (nvda_) {
@@ -92,7 +93,8 @@ Cadena::Cadena() {
     // Con la ruta entera del sistema, para no tomar una DLL del mismo nombre de otra carpeta.
     wchar_t sistema[MAX_PATH];
     const UINT n = GetSystemDirectoryW(sistema, MAX_PATH);
-    if (n > 0 && n < MAX_PATH) uia_ = LoadLibraryW((std::wstring(sistema) + L"\\uiautomationcore.dll").c_str());
+    if (n > 0 && n < MAX_PATH)
+        uia_ = LoadLibraryW((std::wstring(sistema) + L"\\uiautomationcore.dll").c_str());
     if (uia_) {
         uiaProveedor_ = Funcion<decltype(uiaProveedor_)>(uia_, "UiaHostProviderFromHwnd");
         uiaNotificar_ = Funcion<decltype(uiaNotificar_)>(uia_, "UiaRaiseNotificationEvent");
@@ -143,7 +145,8 @@ bool Cadena::Jaws(const std::wstring& texto, bool interrumpir) {
     if (!jaws_) {
         CLSID clsid;
         if (FAILED(CLSIDFromProgID(L"FreedomSci.JawsApi", &clsid))) return false;
-        if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IID_IDispatch, reinterpret_cast<void**>(&jaws_)))) {
+        if (FAILED(CoCreateInstance(clsid, nullptr, CLSCTX_ALL, IID_IDispatch,
+                                    reinterpret_cast<void**>(&jaws_)))) {
             jaws_ = nullptr;
             return false;
         }
@@ -165,8 +168,8 @@ bool Cadena::Jaws(const std::wstring& texto, bool interrumpir) {
     DISPPARAMS parametros = {args, nullptr, 2, 0};
     VARIANT resultado;
     VariantInit(&resultado);
-    const HRESULT hr =
-        jaws_->Invoke(decirJaws_, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parametros, &resultado, nullptr, nullptr);
+    const HRESULT hr = jaws_->Invoke(decirJaws_, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parametros,
+                                     &resultado, nullptr, nullptr);
     VariantClear(&resultado);
     if (FAILED(hr)) {
         SoltarJaws();
@@ -196,8 +199,8 @@ bool Cadena::Uia(HWND foco, const std::wstring& texto, bool interrumpir) {
     Bstr t(texto);
     Bstr actividad(L"Sabelot");
     // "El más reciente" deja que el lector descarte lo anterior; "todo" lo pone en cola.
-    const HRESULT hr =
-        uiaNotificar_(proveedor, kTipoOtro, interrumpir ? kImportanteUltimo : kImportanteTodo, t.b, actividad.b);
+    const HRESULT hr = uiaNotificar_(proveedor, kTipoOtro, interrumpir ? kImportanteUltimo : kImportanteTodo,
+                                     t.b, actividad.b);
     proveedor->Release();
     return SUCCEEDED(hr);
 }

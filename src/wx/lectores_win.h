@@ -32,7 +32,9 @@ public:
     // 'interrumpir' corta lo que el lector esté diciendo; sin él, el texto va detrás (varios
     // textos de una misma tecla). Devuelve la vía usada.
     Via Decir(HWND foco, const std::wstring& texto, bool interrumpir);
-    Via Decir(HWND foco, const std::string& utf8, bool interrumpir) { return Decir(foco, Ancho(utf8), interrumpir); }
+    Via Decir(HWND foco, const std::string& utf8, bool interrumpir) {
+        return Decir(foco, Ancho(utf8), interrumpir);
+    }
 
     // Una vía concreta, sin mirar las anteriores (para probarlas una a una).
     bool DecirCon(Via via, HWND foco, const std::wstring& texto, bool interrumpir);

@@ -1,7 +1,7 @@
 // Punto de entrada del programa con ventanas.
-#include <memory>
-
 #include <wx/wx.h>
+
+#include <memory>
 
 #include "programa_wx.h"
 

@@ -1,14 +1,14 @@
 #include "plataforma_wx.h"
 
+#include <wx/app.h>
+#include <wx/time.h>
+#include <wx/utils.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-
-#include <wx/app.h>
-#include <wx/time.h>
-#include <wx/utils.h>
 
 #include "caja_entrada.h"
 #include "caja_mensaje.h"
@@ -73,7 +73,8 @@ wxWindow* PlataformaWx::Madre() const {
 
 int PlataformaWx::CuadroMensaje(const std::string& texto, int estilo, const std::string& titulo) {
     Modal m(*this);
-    auto* caja = new CajaMensaje(Madre(), wxString::FromUTF8(texto), estilo, wxString::FromUTF8(titulo), anunciador_);
+    auto* caja =
+        new CajaMensaje(Madre(), wxString::FromUTF8(texto), estilo, wxString::FromUTF8(titulo), anunciador_);
     Diferir(caja);
     return caja->Mostrar();
 }

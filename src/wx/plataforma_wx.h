@@ -1,19 +1,19 @@
 // La plataforma de verdad: cuadros propios, sonido con SDL, reloj, azar y ficheros reales.
 #pragma once
 
+#include <wx/event.h>
+#include <wx/timer.h>
+#include <wx/window.h>
+
 #include <functional>
 #include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
-#include <wx/event.h>
-#include <wx/timer.h>
-#include <wx/window.h>
-
 #include "anuncio.h"
-#include "dialogo_juego.h"
 #include "comun/plataforma.h"
+#include "dialogo_juego.h"
 #include "sonido_sdl.h"
 #include "storage/sistema_ficheros.h"
 

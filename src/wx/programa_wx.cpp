@@ -1,9 +1,9 @@
 #include "programa_wx.h"
 
-#include <utility>
-
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
+
+#include <utility>
 
 ProgramaWx::ProgramaWx(const std::string& carpeta, std::unique_ptr<Anunciador> anunciador)
     : anunciador_(anunciador ? std::move(anunciador) : CrearAnunciador()),

@@ -1,10 +1,10 @@
 #include "sonido_sdl.h"
 
+#include <SDL.h>
+
 #include <algorithm>
 #include <cstring>
 #include <utility>
-
-#include <SDL.h>
 
 #ifdef SABELOT_SDL_AL_SONAR
 #include <dlfcn.h>

@@ -2,13 +2,13 @@
 // el juego solo suena ficheros WAV, y SDL2 ya los lee y los convierte.
 #pragma once
 
+#include <wx/event.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
-
-#include <wx/event.h>
 
 #include "comun/plataforma.h"
 

@@ -11,6 +11,7 @@ struct Par {
 };
 
 // Las que no siguen una regla: el resto se calcula abajo.
+// clang-format off
 constexpr Par kTabla[] = {
     {WXK_BACK, 8},           {WXK_TAB, 9},             {WXK_RETURN, 13},
     {WXK_NUMPAD_ENTER, 13},  {WXK_SHIFT, 16},          {WXK_CONTROL, 17},
@@ -35,6 +36,7 @@ constexpr Par kTabla[] = {
     {'`', 186}, {'+', 187}, {',', 188}, {'-', 189}, {'.', 190}, {0xE7, 191}, {0xC7, 191},
     {0xF1, 192}, {0xD1, 192}, {'\'', 219}, {0xBA, 220}, {0xA1, 221}, {0xB4, 222}, {'<', 226},
 };
+// clang-format on
 
 }  // namespace
 

@@ -1,9 +1,9 @@
 #include "wx/ventana_eleccion.h"
 
-#include <algorithm>
-
 #include <wx/frame.h>
 #include <wx/settings.h>
+
+#include <algorithm>
 
 #include "wx/medidas.h"
 
@@ -24,14 +24,14 @@ struct Sitio {
 };
 
 // Índice = orden de tabulación: centro, izquierda, derecha de cada fila.
-constexpr Sitio kSitios[7] = {{1750, 2800}, {125, 2800}, {3325, 2800}, {1750, 3500},
+constexpr Sitio kSitios[7] = {{1750, 2800}, {125, 2800},  {3325, 2800}, {1750, 3500},
                               {125, 3500},  {3325, 3500}, {1750, 4200}};
 
 }  // namespace
 
 VentanaEleccion::VentanaEleccion(wxWindow* padre, sabelot::Dialog& logica, Anunciador& anunciador)
     : DialogoJuego(padre, wxID_ANY, wxString::FromUTF8(logica.Titulo), wxDefaultPosition, wxDefaultSize,
-               wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxFRAME_NO_TASKBAR),
+                   wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxFRAME_NO_TASKBAR),
       logica_(logica),
       anunciador_(anunciador) {
     text1_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
@@ -156,8 +156,7 @@ void VentanaEleccion::AlTecla(wxKeyEvent& e) {
     const int i = IndiceDe(FindFocus());
     const bool enBoton = i >= 0 && EnUso(i);
     switch (tecla) {
-        case WXK_ESCAPE:
-            return;
+        case WXK_ESCAPE: return;
         case WXK_RETURN:
         case WXK_NUMPAD_ENTER:
             // Enter nunca pulsa otro botón que el del foco.
@@ -188,8 +187,7 @@ void VentanaEleccion::AlTecla(wxKeyEvent& e) {
                 return;
             }
             break;
-        default:
-            break;
+        default: break;
     }
     e.Skip();
 }

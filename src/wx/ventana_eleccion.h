@@ -2,16 +2,15 @@
 // Cada botón se alcanza con Tab y con las flechas; Enter y Espacio pulsan el que tiene el foco.
 #pragma once
 
-#include <array>
-
 #include <wx/button.h>
 #include <wx/dialog.h>
-
-#include "wx/dialogo_juego.h"
 #include <wx/textctrl.h>
+
+#include <array>
 
 #include "frontend/dialog.h"
 #include "wx/anuncio.h"
+#include "wx/dialogo_juego.h"
 
 class VentanaEleccion : public DialogoJuego, public sabelot::VistaDialog {
 public:

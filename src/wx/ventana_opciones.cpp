@@ -1,11 +1,11 @@
 #include "wx/ventana_opciones.h"
 
-#include <cctype>
-
 #include <wx/control.h>
 #include <wx/frame.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
+
+#include <cctype>
 
 #include "comun/teclas.h"
 #include "wx/teclas.h"
@@ -40,7 +40,8 @@ void UnirRotulo(wxStaticText* rotulo, wxListBox* lista) {
 #ifdef __WXGTK__
     GtkWidget* etiqueta = static_cast<GtkWidget*>(rotulo->GetHandle());
     GtkWidget* arbol = VistaArbol(lista);
-    if (etiqueta && arbol && GTK_IS_LABEL(etiqueta)) gtk_label_set_mnemonic_widget(GTK_LABEL(etiqueta), arbol);
+    if (etiqueta && arbol && GTK_IS_LABEL(etiqueta))
+        gtk_label_set_mnemonic_widget(GTK_LABEL(etiqueta), arbol);
     // Sin la búsqueda al escribir: su ventanita se llevaría el foco y las teclas de acceso.
     if (arbol) gtk_tree_view_set_enable_search(GTK_TREE_VIEW(arbol), FALSE);
 #else
@@ -81,12 +82,12 @@ int LetraDeAcceso(const wxString& rotulo) {
 
 VentanaOpciones::VentanaOpciones(wxWindow* padre, sabelot::DlgOpciones& logica, Anunciador& anunciador)
     : DialogoJuego(padre, wxID_ANY, Texto(logica.Caption), wxDefaultPosition, wxDefaultSize,
-               wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxFRAME_NO_TASKBAR),
+                   wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxFRAME_NO_TASKBAR),
       logica_(logica),
       anunciador_(anunciador) {
     // Se crean en el orden de tabulación: cada rótulo justo antes de su lista.
-    const std::string* rotulos[5] = {&logica.Label1[0], &logica.Label1[1], &logica.Label2[0], &logica.Label2[1],
-                                     &logica.Label2[2]};
+    const std::string* rotulos[5] = {&logica.Label1[0], &logica.Label1[1], &logica.Label2[0],
+                                     &logica.Label2[1], &logica.Label2[2]};
     for (std::size_t i = 0; i < 5; ++i) {
         rotulos_[i] = new wxStaticText(this, wxID_ANY, Texto(*rotulos[i]));
         listas_[i] = new wxListBox(this, wxID_ANY, wxDefaultPosition,
@@ -139,7 +140,8 @@ VentanaOpciones::VentanaOpciones(wxWindow* padre, sabelot::DlgOpciones& logica, 
         l->Bind(wxEVT_LISTBOX, [this, c](wxCommandEvent& e) { AlElegir(c, e); });
         l->Bind(wxEVT_LISTBOX_DCLICK, [this, c](wxCommandEvent&) { AlActivarFila(c); });
         const sabelot::ListaOpciones& enLogica = i < 2 ? logica.List1[i] : logica.List2[i - 2];
-        anunciador_.Nombrar(l, wxControl::RemoveMnemonics(rotulos_[i]->GetLabel()), Texto(enLogica.ToolTipText));
+        anunciador_.Nombrar(l, wxControl::RemoveMnemonics(rotulos_[i]->GetLabel()),
+                            Texto(enLogica.ToolTipText));
     }
     ok_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& e) {
         e.Skip();
@@ -169,7 +171,8 @@ void VentanaOpciones::MostrarModal() {
     // Todo pintado y el foco en su sitio antes de mostrarse: el lector dice la ventana y el
     // control con el foco una vez, ya con lo que tienen.
     Refrescar();
-    if (auto* lista = dynamic_cast<wxListBox*>(Control(logica_.Foco))) MoverCursor(lista, lista->GetSelection());
+    if (auto* lista = dynamic_cast<wxListBox*>(Control(logica_.Foco)))
+        MoverCursor(lista, lista->GetSelection());
     ShowModal();
 }
 

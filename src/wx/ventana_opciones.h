@@ -4,17 +4,16 @@
 // lo que el lector de pantalla recordaba de la anterior.
 #pragma once
 
-#include <array>
-
 #include <wx/button.h>
 #include <wx/dialog.h>
-
-#include "wx/dialogo_juego.h"
 #include <wx/listbox.h>
 #include <wx/stattext.h>
 
+#include <array>
+
 #include "options/dlg_opciones.h"
 #include "wx/anuncio.h"
+#include "wx/dialogo_juego.h"
 
 class VentanaOpciones : public DialogoJuego, public sabelot::VistaDlgOpciones {
 public:

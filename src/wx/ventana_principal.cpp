@@ -21,7 +21,8 @@ const char* const kNombrePicture1 = "Tablero";
 
 }  // namespace
 
-VentanaPrincipal::VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador, std::function<void()> alCerrar)
+VentanaPrincipal::VentanaPrincipal(sabelot::Form1& form1, Anunciador& anunciador,
+                                   std::function<void()> alCerrar)
     : wxFrame(nullptr, wxID_ANY, wxString::FromUTF8("SÁBELOT")),
       form1_(form1),
       anunciador_(anunciador),
@@ -53,7 +54,9 @@ void VentanaPrincipal::Aparecer() {
 }
 
 // Solo se muestra: lo que se oye lo decide la lógica (comun/anuncios.h).
-void VentanaPrincipal::PonerTexto1(const std::string& texto) { text1_->ChangeValue(wxString::FromUTF8(texto)); }
+void VentanaPrincipal::PonerTexto1(const std::string& texto) {
+    text1_->ChangeValue(wxString::FromUTF8(texto));
+}
 
 void VentanaPrincipal::PonerTitulo(const std::string& titulo) { SetTitle(wxString::FromUTF8(titulo)); }
 

@@ -1,10 +1,10 @@
 // La ventana principal: Picture1 tiene el foco y recibe las teclas; Text1 muestra lo dicho.
 #pragma once
 
-#include <functional>
-
 #include <wx/frame.h>
 #include <wx/textctrl.h>
+
+#include <functional>
 
 #include "anuncio.h"
 #include "engine/form1.h"

@@ -1,13 +1,12 @@
 // Lo que queda en ATK, que es lo que el puente de accesibilidad pasa al lector de pantalla.
 #ifdef __WXGTK__
+#include <gtest/gtest.h>
 #include <gtk/gtk.h>
+#include <wx/frame.h>
+#include <wx/textctrl.h>
 
 #include <memory>
 #include <string>
-
-#include <gtest/gtest.h>
-#include <wx/frame.h>
-#include <wx/textctrl.h>
 
 #include "apoyo_gui.h"
 #include "wx/anuncio.h"
@@ -157,7 +156,9 @@ TEST(AnunciosVentana, Picture1SeLlamaTableroYDiceLoQueMuestraText1) {
     ASSERT_TRUE(EsperarHasta([&] { return v->Text1()->GetValue() != antes; }));
     // Con el foco recién llegado, el texto espera a que se asiente y entonces se dice.
     const std::string ahora = v->Text1()->GetValue().utf8_string();
-    EXPECT_TRUE(EsperarHasta([&] { return Descripcion(v->Picture1()) == ahora || Descripcion(v->Picture1()) == ahora + " "; }, 1000))
+    EXPECT_TRUE(EsperarHasta(
+        [&] { return Descripcion(v->Picture1()) == ahora || Descripcion(v->Picture1()) == ahora + " "; },
+        1000))
         << Descripcion(v->Picture1());
 }
 

@@ -1,14 +1,14 @@
 #include "apoyo_gui.h"
 
-#include <chrono>
-#include <filesystem>
-#include <random>
-
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/toplevel.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
+
+#include <chrono>
+#include <filesystem>
+#include <random>
 
 #include "wx/caja_entrada.h"
 #include "wx/caja_mensaje.h"
@@ -73,9 +73,7 @@ void PulsarTecla(int codigoWx, int modificadores) {
     sim.Char(codigoWx, modificadores);
 }
 
-Vigilante::Vigilante(std::function<wxWindow*()> principal) : principal_(std::move(principal)) {
-    Start(20);
-}
+Vigilante::Vigilante(std::function<wxWindow*()> principal) : principal_(std::move(principal)) { Start(20); }
 
 Vigilante::~Vigilante() { Stop(); }
 
@@ -106,7 +104,8 @@ void Vigilante::Notify() {
         actual_ = activo;
         pulsado_ = false;
         desde_ = Ahora();
-        DialogoVisto v{DialogoVisto::Otro, activo->GetTitle().utf8_string(), std::string(), false, modales > 1};
+        DialogoVisto v{DialogoVisto::Otro, activo->GetTitle().utf8_string(), std::string(), false,
+                       modales > 1};
         if (auto* c = dynamic_cast<CajaMensaje*>(activo)) {
             v.clase = DialogoVisto::Mensaje;
             v.texto = c->Texto().utf8_string();

@@ -3,13 +3,13 @@
 // teclas de verdad a los diálogos modales que se abren.
 #pragma once
 
-#include <functional>
-#include <string>
-#include <vector>
-
 #include <wx/dialog.h>
 #include <wx/timer.h>
 #include <wx/weakref.h>
+
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace prueba_gui {
 
@@ -38,8 +38,8 @@ void PulsarTecla(int codigoWx, int modificadores = 0);
 struct DialogoVisto {
     enum Clase { Mensaje, Entrada, Otro } clase;
     std::string titulo;
-    std::string texto;            // el del cuadro de mensaje, o la indicación
-    bool principalVisible;        // si la ventana principal se veía entonces
+    std::string texto;      // el del cuadro de mensaje, o la indicación
+    bool principalVisible;  // si la ventana principal se veía entonces
     bool hayOtroModalDebajo;
 };
 

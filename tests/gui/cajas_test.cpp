@@ -1,10 +1,10 @@
 // Los cuadros de mensaje y de entrada propios, con teclas de verdad.
+#include <gtest/gtest.h>
+#include <wx/uiaction.h>
+
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
-#include <wx/uiaction.h>
 
 #include "apoyo_gui.h"
 #include "wx/plataforma_wx.h"
@@ -40,9 +40,9 @@ struct CasoMensaje {
 
 TEST_F(Cajas, LasTeclasDelCuadroDeMensajeDanSuResultado) {
     const CasoMensaje casos[] = {
-        {0, {WXK_RETURN}, 1},           {0, {WXK_ESCAPE}, 1},           {0, {WXK_SPACE}, 1},
-        {48, {WXK_RETURN}, 1},          {4, {WXK_RETURN}, 6},           {4, {WXK_SPACE}, 6},
-        {4, {WXK_ESCAPE}, 7},           {4, {WXK_TAB, WXK_RETURN}, 7},  {4, {WXK_TAB, WXK_SPACE}, 7},
+        {0, {WXK_RETURN}, 1},          {0, {WXK_ESCAPE}, 1},          {0, {WXK_SPACE}, 1},
+        {48, {WXK_RETURN}, 1},         {4, {WXK_RETURN}, 6},          {4, {WXK_SPACE}, 6},
+        {4, {WXK_ESCAPE}, 7},          {4, {WXK_TAB, WXK_RETURN}, 7}, {4, {WXK_TAB, WXK_SPACE}, 7},
         {4, {WXK_TAB, WXK_ESCAPE}, 7},
     };
     for (const CasoMensaje& c : casos) {
@@ -67,8 +67,8 @@ TEST_F(Cajas, LasTeclasDelCuadroDeEntradaDanElTextoOVacio) {
         {{WXK_RETURN}, "partida uno"},
         {{WXK_ESCAPE}, ""},
         {{'N', 'U', 'E', 'V', 'A', WXK_RETURN}, "nueva"},  // el texto inicial va seleccionado
-        {{WXK_TAB, WXK_RETURN}, "partida uno"},              // Enter en Aceptar
-        {{WXK_TAB, WXK_TAB, WXK_RETURN}, ""},                // Enter en Cancelar
+        {{WXK_TAB, WXK_RETURN}, "partida uno"},            // Enter en Aceptar
+        {{WXK_TAB, WXK_TAB, WXK_RETURN}, ""},              // Enter en Cancelar
         {{WXK_TAB, WXK_TAB, WXK_SPACE}, ""},
     };
     for (const CasoEntrada& c : casos) {

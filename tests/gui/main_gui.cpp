@@ -1,10 +1,10 @@
 // Pruebas con ventanas: wx se inicia una vez y las pruebas atienden sus eventos.
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/init.h>
+
+#include <cstdlib>
 
 namespace {
 

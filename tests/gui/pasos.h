@@ -3,15 +3,14 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <wx/dialog.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
 
 #include <functional>
 #include <map>
 #include <utility>
 #include <vector>
-
-#include <wx/dialog.h>
-#include <wx/timer.h>
-#include <wx/uiaction.h>
 
 #include "wx/anuncio.h"
 

@@ -1,8 +1,8 @@
 // Las teclas de wx llegan a la lógica con los códigos de tecla virtual de Windows.
+#include "wx/teclas.h"
+
 #include <gtest/gtest.h>
 #include <wx/defs.h>
-
-#include "wx/teclas.h"
 
 namespace {
 
@@ -12,6 +12,7 @@ struct Caso {
 };
 
 TEST(Teclas, CodigosVirtuales) {
+    // clang-format off
     const Caso casos[] = {
         {'a', 65},          {'A', 65},          {'d', 68},          {'Z', 90},
         {'1', 49},          {'6', 54},          {'9', 57},          {'0', 48},
@@ -24,6 +25,7 @@ TEST(Teclas, CodigosVirtuales) {
         {WXK_PAGEUP, 33},   {WXK_INSERT, 45},   {',', 188},         {0xF1, 192},
         {WXK_NONE, 0},
     };
+    // clang-format on
     for (const Caso& c : casos) EXPECT_EQ(CodigoTecla(c.wx), c.vk) << "tecla wx " << c.wx;
 }
 

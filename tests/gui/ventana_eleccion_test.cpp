@@ -46,23 +46,23 @@ protected:
 };
 
 TEST_F(VentanaEleccionTest, DosOpcionesAIzquierdaYDerechaConRotulosSinAtajos) {
-    Ofrecer(3, "12_0_",
-            "Con un 3 puedes ir a:\r\nCiencias & Naturaleza, hacia fuera\r\nCasilla central\r\n");
-    Pasos pasos(*v, {[&] {
-                         EXPECT_EQ(v->GetTitle(), "3");
-                         EXPECT_EQ(EnUso(), "12");
-                         EXPECT_EQ(v->Boton(1)->GetLabelText(), "Ciencias & Naturaleza, hacia fuera");
-                         EXPECT_EQ(v->Boton(2)->GetLabelText(), "Casilla central");
-                         EXPECT_EQ(v->Texto()->GetValue(), wxString::FromUTF8(d.Text1));
-                         EXPECT_TRUE(v->Texto()->GetValue().EndsWith(wxString::FromUTF8("Elige una opción.")));
-                         EXPECT_EQ(Foco(), 1);
-                     },
-                     Tecla(WXK_ESCAPE),
-                     [&] {
-                         EXPECT_TRUE(v->IsModal()) << "Escape no cierra";
-                         EXPECT_EQ(Foco(), 1);
-                     },
-                     Tecla(WXK_RIGHT), [&] { EXPECT_EQ(Foco(), 2); }, Tecla(WXK_RETURN)});
+    Ofrecer(3, "12_0_", "Con un 3 puedes ir a:\r\nCiencias & Naturaleza, hacia fuera\r\nCasilla central\r\n");
+    Pasos pasos(*v,
+                {[&] {
+                     EXPECT_EQ(v->GetTitle(), "3");
+                     EXPECT_EQ(EnUso(), "12");
+                     EXPECT_EQ(v->Boton(1)->GetLabelText(), "Ciencias & Naturaleza, hacia fuera");
+                     EXPECT_EQ(v->Boton(2)->GetLabelText(), "Casilla central");
+                     EXPECT_EQ(v->Texto()->GetValue(), wxString::FromUTF8(d.Text1));
+                     EXPECT_TRUE(v->Texto()->GetValue().EndsWith(wxString::FromUTF8("Elige una opción.")));
+                     EXPECT_EQ(Foco(), 1);
+                 },
+                 Tecla(WXK_ESCAPE),
+                 [&] {
+                     EXPECT_TRUE(v->IsModal()) << "Escape no cierra";
+                     EXPECT_EQ(Foco(), 1);
+                 },
+                 Tecla(WXK_RIGHT), [&] { EXPECT_EQ(Foco(), 2); }, Tecla(WXK_RETURN)});
     v->MostrarModal();
     EXPECT_TRUE(pasos.Acabados());
     EXPECT_EQ(m.ValorElegido, 0) << "la casilla central se elige como cualquier otra";
@@ -78,35 +78,32 @@ TEST_F(VentanaEleccionTest, DosOpcionesAIzquierdaYDerechaConRotulosSinAtajos) {
 TEST_F(VentanaEleccionTest, SieteOpcionesEnTresFilasYFlechasEnOrdenDeTabulacion) {
     Ofrecer(-2, "1_2_3_4_5_6_7_",
             "Elige la categoría:\r\nUno\r\nDos\r\nTres\r\nCuatro\r\nCinco\r\nSeis\r\nSiete\r\n");
-    Pasos pasos(*v, {[&] {
-                         EXPECT_EQ(v->GetTitle(), "PRUEBA FINAL");
-                         EXPECT_EQ(EnUso(), "0123456");
-                         const char* rotulos[] = {"Uno", "Dos", "Tres", "Cuatro", "Cinco", "Seis", "Siete"};
-                         for (int i = 0; i < 7; ++i) EXPECT_EQ(v->Boton(i)->GetLabelText(), rotulos[i]);
-                         // Centro, izquierda y derecha por fila; la séptima sola en el centro.
-                         auto pos = [&](int i) { return v->Boton(i)->GetPosition(); };
-                         EXPECT_LT(pos(1).x, pos(0).x);
-                         EXPECT_LT(pos(0).x, pos(2).x);
-                         EXPECT_EQ(pos(1).y, pos(0).y);
-                         EXPECT_EQ(pos(2).y, pos(0).y);
-                         EXPECT_GT(pos(3).y, pos(0).y);
-                         EXPECT_EQ(pos(3).x, pos(0).x);
-                         EXPECT_EQ(pos(4).x, pos(1).x);
-                         EXPECT_EQ(pos(5).x, pos(2).x);
-                         EXPECT_GT(pos(6).y, pos(3).y);
-                         EXPECT_EQ(pos(6).x, pos(0).x);
-                         EXPECT_GT(pos(0).y, v->Texto()->GetRect().GetBottom());
-                         EXPECT_EQ(Foco(), 0);
-                     },
-                     Tecla(WXK_LEFT), [&] { EXPECT_EQ(Foco(), 6) << "la flecha da la vuelta"; },
-                     Tecla(WXK_DOWN), [&] { EXPECT_EQ(Foco(), 0); },
-                     Tecla(WXK_RIGHT), Tecla(WXK_RIGHT), Tecla(WXK_RIGHT),
-                     [&] { EXPECT_EQ(Foco(), 3); },
-                     Tecla(WXK_UP), [&] { EXPECT_EQ(Foco(), 2); },
-                     Tecla(WXK_TAB), [&] { EXPECT_EQ(Foco(), 3); },
-                     Tecla(WXK_TAB, wxMOD_SHIFT), [&] { EXPECT_EQ(Foco(), 2); },
-                     Tecla(WXK_TAB), Tecla(WXK_TAB), [&] { EXPECT_EQ(Foco(), 4); },
-                     Tecla(WXK_SPACE)});
+    Pasos pasos(*v,
+                {[&] {
+                     EXPECT_EQ(v->GetTitle(), "PRUEBA FINAL");
+                     EXPECT_EQ(EnUso(), "0123456");
+                     const char* rotulos[] = {"Uno", "Dos", "Tres", "Cuatro", "Cinco", "Seis", "Siete"};
+                     for (int i = 0; i < 7; ++i) EXPECT_EQ(v->Boton(i)->GetLabelText(), rotulos[i]);
+                     // Centro, izquierda y derecha por fila; la séptima sola en el centro.
+                     auto pos = [&](int i) { return v->Boton(i)->GetPosition(); };
+                     EXPECT_LT(pos(1).x, pos(0).x);
+                     EXPECT_LT(pos(0).x, pos(2).x);
+                     EXPECT_EQ(pos(1).y, pos(0).y);
+                     EXPECT_EQ(pos(2).y, pos(0).y);
+                     EXPECT_GT(pos(3).y, pos(0).y);
+                     EXPECT_EQ(pos(3).x, pos(0).x);
+                     EXPECT_EQ(pos(4).x, pos(1).x);
+                     EXPECT_EQ(pos(5).x, pos(2).x);
+                     EXPECT_GT(pos(6).y, pos(3).y);
+                     EXPECT_EQ(pos(6).x, pos(0).x);
+                     EXPECT_GT(pos(0).y, v->Texto()->GetRect().GetBottom());
+                     EXPECT_EQ(Foco(), 0);
+                 },
+                 Tecla(WXK_LEFT), [&] { EXPECT_EQ(Foco(), 6) << "la flecha da la vuelta"; }, Tecla(WXK_DOWN),
+                 [&] { EXPECT_EQ(Foco(), 0); }, Tecla(WXK_RIGHT), Tecla(WXK_RIGHT), Tecla(WXK_RIGHT),
+                 [&] { EXPECT_EQ(Foco(), 3); }, Tecla(WXK_UP), [&] { EXPECT_EQ(Foco(), 2); }, Tecla(WXK_TAB),
+                 [&] { EXPECT_EQ(Foco(), 3); }, Tecla(WXK_TAB, wxMOD_SHIFT), [&] { EXPECT_EQ(Foco(), 2); },
+                 Tecla(WXK_TAB), Tecla(WXK_TAB), [&] { EXPECT_EQ(Foco(), 4); }, Tecla(WXK_SPACE)});
     v->MostrarModal();
     EXPECT_TRUE(pasos.Acabados());
     EXPECT_EQ(m.ValorElegido, 5);

@@ -70,40 +70,39 @@ protected:
 
 TEST_F(VentanaPreguntaTest, LaMismaVentanaPreguntaJuzgaYSeOcultaTresVeces) {
     // Primera: nada edita la respuesta; Abajo y Enter aciertan.
-    EXPECT_TRUE(Preguntar({[&] {
-                 EXPECT_EQ(v->GetTitle(), wxString::FromUTF8("Pregunta de Geografía.\r\n"
-                                                             "¿Cuántos lados tiene un hexágono?"));
-                 const wxString pregunta = wxString::FromUTF8("  ¿Cuántos lados tiene un hexágono?");
-                 EXPECT_EQ(v->Pregunta()->GetValue(), pregunta);
-                 long desde = 0, hasta = 0;
-                 v->Pregunta()->GetSelection(&desde, &hasta);
-                 EXPECT_EQ(desde, 1);
-                 EXPECT_EQ(hasta, static_cast<long>(pregunta.length()));
-                 EXPECT_EQ(Respuesta(), "1. Cinco");
-                 EXPECT_TRUE(FocoEnRespuesta());
-                 // Sin rótulos a la vista, los nombres accesibles dicen qué es cada cosa.
-                 EXPECT_EQ(anun.nombres[v->Respuesta()].first, "Respuesta");
-                 EXPECT_EQ(anun.nombres[v->Pregunta()].first, "Pregunta");
-                 EXPECT_EQ(anun.nombres[v.get()].first, v->GetTitle());
-             },
-             Tecla('x'), Tecla('2'), Tecla(WXK_DELETE), Tecla(WXK_BACK), Tecla(WXK_LEFT),
-             Tecla(WXK_ESCAPE), Tecla(WXK_F4, wxMOD_ALT),
-             [&] {
-                 EXPECT_TRUE(v->IsModal()) << "ni Escape ni Alt+F4 cierran";
-                 EXPECT_TRUE(d.Visible);
-                 EXPECT_EQ(Respuesta(), "1. Cinco");
-                 EXPECT_TRUE(FocoEnRespuesta());
-             },
-             // Con Tab se llega a la pregunta, que atiende las mismas teclas.
-             Tecla(WXK_TAB), [&] { EXPECT_EQ(wxWindow::FindFocus(), v->Pregunta()); },
-             Tecla(WXK_DOWN),
-             [&] {
-                 EXPECT_EQ(Respuesta(), "2. Seis");
-                 EXPECT_EQ(p.TextosDichos(), std::vector<std::string>{"2. Seis"});
-                 EXPECT_TRUE(p.mensajes.empty());
-             },
-             Tecla(WXK_TAB), [&] { EXPECT_TRUE(FocoEnRespuesta()); },
-             Tecla(WXK_RETURN)}));
+    EXPECT_TRUE(
+        Preguntar({[&] {
+                       EXPECT_EQ(v->GetTitle(), wxString::FromUTF8("Pregunta de Geografía.\r\n"
+                                                                   "¿Cuántos lados tiene un hexágono?"));
+                       const wxString pregunta = wxString::FromUTF8("  ¿Cuántos lados tiene un hexágono?");
+                       EXPECT_EQ(v->Pregunta()->GetValue(), pregunta);
+                       long desde = 0, hasta = 0;
+                       v->Pregunta()->GetSelection(&desde, &hasta);
+                       EXPECT_EQ(desde, 1);
+                       EXPECT_EQ(hasta, static_cast<long>(pregunta.length()));
+                       EXPECT_EQ(Respuesta(), "1. Cinco");
+                       EXPECT_TRUE(FocoEnRespuesta());
+                       // Sin rótulos a la vista, los nombres accesibles dicen qué es cada cosa.
+                       EXPECT_EQ(anun.nombres[v->Respuesta()].first, "Respuesta");
+                       EXPECT_EQ(anun.nombres[v->Pregunta()].first, "Pregunta");
+                       EXPECT_EQ(anun.nombres[v.get()].first, v->GetTitle());
+                   },
+                   Tecla('x'), Tecla('2'), Tecla(WXK_DELETE), Tecla(WXK_BACK), Tecla(WXK_LEFT),
+                   Tecla(WXK_ESCAPE), Tecla(WXK_F4, wxMOD_ALT),
+                   [&] {
+                       EXPECT_TRUE(v->IsModal()) << "ni Escape ni Alt+F4 cierran";
+                       EXPECT_TRUE(d.Visible);
+                       EXPECT_EQ(Respuesta(), "1. Cinco");
+                       EXPECT_TRUE(FocoEnRespuesta());
+                   },
+                   // Con Tab se llega a la pregunta, que atiende las mismas teclas.
+                   Tecla(WXK_TAB), [&] { EXPECT_EQ(wxWindow::FindFocus(), v->Pregunta()); }, Tecla(WXK_DOWN),
+                   [&] {
+                       EXPECT_EQ(Respuesta(), "2. Seis");
+                       EXPECT_EQ(p.TextosDichos(), std::vector<std::string>{"2. Seis"});
+                       EXPECT_TRUE(p.mensajes.empty());
+                   },
+                   Tecla(WXK_TAB), [&] { EXPECT_TRUE(FocoEnRespuesta()); }, Tecla(WXK_RETURN)}));
     EXPECT_FALSE(v->IsShown());
     ASSERT_EQ(p.mensajes.size(), 1u);
     EXPECT_EQ(p.mensajes[0].texto, "respuesta correcta");
@@ -119,17 +118,17 @@ TEST_F(VentanaPreguntaTest, LaMismaVentanaPreguntaJuzgaYSeOcultaTresVeces) {
     anun.dichos.clear();
     p.dichos.clear();
     EXPECT_TRUE(Preguntar({[&] {
-                           EXPECT_EQ(v->Pregunta()->GetValue(),
-                                     wxString::FromUTF8("  ¿Cuál es la capital de Francia?"));
-                           EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. París"));
-                           EXPECT_TRUE(FocoEnRespuesta());
-                       },
-                       Tecla(WXK_UP),
-                       [&] {
-                           EXPECT_EQ(p.pitidos, 1);
-                           EXPECT_EQ(Respuesta(), "2. Lyon");
-                       },
-                       Tecla(WXK_RETURN)}));
+                               EXPECT_EQ(v->Pregunta()->GetValue(),
+                                         wxString::FromUTF8("  ¿Cuál es la capital de Francia?"));
+                               EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. París"));
+                               EXPECT_TRUE(FocoEnRespuesta());
+                           },
+                           Tecla(WXK_UP),
+                           [&] {
+                               EXPECT_EQ(p.pitidos, 1);
+                               EXPECT_EQ(Respuesta(), "2. Lyon");
+                           },
+                           Tecla(WXK_RETURN)}));
     ASSERT_EQ(p.mensajes.size(), 2u);
     EXPECT_EQ(p.mensajes[1].texto, "La respuesta correcta era París");
     EXPECT_FALSE(d.RespuestaCorrecta);
@@ -140,12 +139,12 @@ TEST_F(VentanaPreguntaTest, LaMismaVentanaPreguntaJuzgaYSeOcultaTresVeces) {
     anun.dichos.clear();
     p.dichos.clear();
     EXPECT_TRUE(Preguntar({[&] { EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. Sí")); }, Tecla(WXK_DOWN),
-                       Tecla(WXK_DOWN),
-                       [&] {
-                           EXPECT_EQ(p.pitidos, 3);
-                           EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. Sí"));
-                       },
-                       Tecla(WXK_SPACE)}));
+                           Tecla(WXK_DOWN),
+                           [&] {
+                               EXPECT_EQ(p.pitidos, 3);
+                               EXPECT_EQ(Respuesta(), wxString::FromUTF8("1. Sí"));
+                           },
+                           Tecla(WXK_SPACE)}));
     ASSERT_EQ(p.mensajes.size(), 3u);
     EXPECT_EQ(p.mensajes[2].texto, "respuesta correcta");
     EXPECT_TRUE(d.RespuestaCorrecta);

@@ -1,11 +1,11 @@
 // El juego de verdad, con sus ventanas, sobre una carpeta con los datos del juego: teclas de
 // verdad y lo que se ve y se dice.
+#include <gtest/gtest.h>
+#include <wx/uiaction.h>
+
 #include <cstdlib>
 #include <memory>
 #include <string>
-
-#include <gtest/gtest.h>
-#include <wx/uiaction.h>
 
 #include "apoyo_gui.h"
 #include "wx/programa_wx.h"
@@ -47,8 +47,9 @@ protected:
 
     void Arrancar() {
         programa->Arrancar();
-        ASSERT_TRUE(EsperarHasta([this] { return ventana() && ventana()->IsActive() && ventana()->FocoEnPicture1(); }))
-            << "la ventana principal no llega a tener el foco en Picture1";
+        ASSERT_TRUE(EsperarHasta([this] {
+            return ventana() && ventana()->IsActive() && ventana()->FocoEnPicture1();
+        })) << "la ventana principal no llega a tener el foco en Picture1";
     }
 
     VentanaPrincipal* ventana() { return programa ? programa->ventana() : nullptr; }
@@ -68,9 +69,11 @@ protected:
     // un buen rato; como mucho medio minuto.
     bool EsperarCalma(int finesEsperados) {
         for (int i = 0; i < 6; ++i) {
-            if (!EsperarHasta([&] { return finesDado >= finesEsperados &&
-                                           programa->plataforma().ModalesAbiertos() == 0; },
-                              5000))
+            if (!EsperarHasta(
+                    [&] {
+                        return finesDado >= finesEsperados && programa->plataforma().ModalesAbiertos() == 0;
+                    },
+                    5000))
                 continue;
             Bombear(1500);
             if (programa->plataforma().ModalesAbiertos() == 0) return true;
