@@ -421,16 +421,24 @@ TEST(Partidas, NombresQueNoSePuedenGuardar) {
     }
 }
 
+// Una partida en juego sobre ficheros de verdad que se pueden hacer fallar a propósito.
+struct JuegoAveriable {
+    SistemaFicherosReal real;
+    FicherosAveriados averiados{real};
+    JuegoPrueba jp;
+    JuegoAveriable() {
+        jp.p.ficheros = &averiados;
+        jp.juego = std::make_unique<Juego>(jp.p);
+        PartidaEnJuego(jp);
+    }
+};
+
 // Una partida que no se puede escribir (el disco no deja, o el jugador protegió el fichero)
 // da el aviso de siempre y deja la partida y el fichero de antes; con otro nombre, se guarda.
 TEST(Partidas, SiNoSePuedeEscribirSeAvisaYSePuedeGuardarConOtroNombre) {
     for (const bool protegido : {false, true}) {
-        SistemaFicherosReal real;
-        FicherosAveriados averiados(real);
-        JuegoPrueba jp;
-        jp.p.ficheros = &averiados;
-        jp.juego = std::make_unique<Juego>(jp.p);
-        PartidaEnJuego(jp);
+        JuegoAveriable a;
+        auto& [real, averiados, jp] = a;
         jp.p.carpeta.Escribir("guardada.sav", kEjemplo);
         const std::string ruta = Ruta(jp.p.carpeta.Ruta(), {"guardada.sav"});
         if (protegido)
@@ -454,12 +462,8 @@ TEST(Partidas, SiNoSePuedeEscribirSeAvisaYSePuedeGuardarConOtroNombre) {
 // de una de las dos, sin ficheros de paso, y a cada una se le dice lo que de verdad pasó.
 TEST(Partidas, DosCopiasGuardanALaVezYCadaUnaOyeLoQuePaso) {
     for (const bool primeraFalla : {false, true}) {
-        SistemaFicherosReal real;
-        FicherosAveriados averiados(real);
-        JuegoPrueba jp;
-        jp.p.ficheros = &averiados;
-        jp.juego = std::make_unique<Juego>(jp.p);
-        PartidaEnJuego(jp);
+        JuegoAveriable a;
+        auto& [real, averiados, jp] = a;
         const std::string ruta = Ruta(jp.p.carpeta.Ruta(), {"comun.sav"});
         bool otraGuardo = false;
         averiados.aMitadDeEscribir = [&] {

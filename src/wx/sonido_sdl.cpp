@@ -96,13 +96,13 @@ SonidoSdl::~SonidoSdl() {
 
 std::vector<std::uint8_t> SonidoSdl::Cargar(const std::string& ruta) const {
     std::vector<std::uint8_t> salida;
-    SDL_AudioSpec spec{};
+    SDL_AudioSpec origen{};
     Uint8* datos = nullptr;
     Uint32 bytes = 0;
     // SDL lee la ruta en UTF-8 también en Windows.
-    if (!sdl.LoadWAV_RW(sdl.RWFromFile(ruta.c_str(), "rb"), 1, &spec, &datos, &bytes)) return salida;
+    if (!sdl.LoadWAV_RW(sdl.RWFromFile(ruta.c_str(), "rb"), 1, &origen, &datos, &bytes)) return salida;
     SDL_AudioStream* conversion =
-        sdl.NewAudioStream(spec.format, spec.channels, spec.freq, formato_, canales_, frecuencia_);
+        sdl.NewAudioStream(origen.format, origen.channels, origen.freq, formato_, canales_, frecuencia_);
     if (conversion && sdl.AudioStreamPut(conversion, datos, static_cast<int>(bytes)) == 0 &&
         sdl.AudioStreamFlush(conversion) == 0) {
         salida.resize(static_cast<std::size_t>(sdl.AudioStreamAvailable(conversion)));
