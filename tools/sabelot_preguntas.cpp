@@ -5,6 +5,7 @@
 // sabelot-preguntas convertir ENTRADA [SALIDA.qzf]: pasa un fichero Aiken, GIFT o de
 // OpenTDB a .qzf y dice lo que no pudo convertir. Sale con 1 si algo se quedó fuera.
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "conversion/convertir.h"
+#include "questions/registro.h"
 #include "questions/revision.h"
 #include "storage/canales.h"
 #include "storage/escritura.h"
@@ -33,13 +35,22 @@ void Uso() {
                  "  existe solo se sustituye con --reemplazar.\n";
 }
 
-bool Leer(const std::string& nombre, std::string& bytes) {
-    std::ifstream f(nombre, std::ios::binary);
-    if (!f) return false;
+// Lee el fichero entero; si no se puede, da por qué. Lo que el juego no abriría tampoco se
+// lee aquí: ni más de 64 MiB ni lo que no es un fichero corriente (una tubería dejaría la
+// orden esperando para siempre).
+std::string Leer(const std::string& nombre, std::string& bytes) {
+    std::error_code ec;
+    const auto ruta = std::filesystem::u8path(nombre);
+    if (!std::filesystem::is_regular_file(ruta, ec)) return "no se puede abrir el fichero";
+    const auto tamano = std::filesystem::file_size(ruta, ec);
+    if (!ec && tamano > static_cast<std::uintmax_t>(sabelot::kMaxFicheroQzf))
+        return "el fichero pasa de 64 MiB: no es un fichero de preguntas y el juego no lo abriría";
+    std::ifstream f(ruta, std::ios::binary);
+    if (!f) return "no se puede abrir el fichero";
     std::ostringstream contenido;
     contenido << f.rdbuf();
     bytes = contenido.str();
-    return true;
+    return "";
 }
 
 int Convertir(int argc, char** argv) {
@@ -81,8 +92,8 @@ int Convertir(int argc, char** argv) {
         return 2;
     }
     std::string bytes;
-    if (!Leer(entrada, bytes)) {
-        std::cerr << entrada << ": no se puede abrir el fichero\n";
+    if (const std::string error = Leer(entrada, bytes); !error.empty()) {
+        std::cerr << entrada << ": " << error << "\n";
         return 2;
     }
     if (!conFormato) formato = sabelot::DetectarFormato(entrada, bytes);
@@ -139,10 +150,10 @@ int RevisarTodos(char** nombres, int cuantos) {
     std::vector<sabelot::FicheroQzf> ficheros;
     for (const std::string& nombre : todos) {
         std::string bytes;
-        if (Leer(nombre, bytes)) {
+        if (const std::string error = Leer(nombre, bytes); error.empty()) {
             ficheros.push_back({nombre, bytes});
         } else {
-            std::cout << nombre << ": no se puede abrir el fichero\n";
+            std::cout << nombre << ": " << error << "\n";
             bien = false;
         }
     }

@@ -90,3 +90,13 @@ orden(1 convertir ${TRABAJO}/desbordado.json)
 if(NOT dicho MATCHES "línea 1: el número 1e999999 está fuera de rango" OR EXISTS ${TRABAJO}/desbordado.qzf)
   message(FATAL_ERROR "1e999999: ${dicho}")
 endif()
+
+# Un fichero de 1 GiB (disperso: no ocupa disco) se rechaza sin leerlo, como en el juego.
+if(UNIX)
+  execute_process(COMMAND truncate -s 1G ${TRABAJO}/enorme.qzf)
+  orden(1 revisar ${TRABAJO}/enorme.qzf)
+  if(NOT dicho MATCHES "enorme.qzf: el fichero pasa de 64 MiB")
+    message(FATAL_ERROR "revisar de un fichero enorme: ${dicho}")
+  endif()
+  file(REMOVE ${TRABAJO}/enorme.qzf)
+endif()
