@@ -6,6 +6,7 @@
 #include <memory>
 #include <random>
 
+#include "apoyo/ficheros_averiados.h"
 #include "apoyo/plataforma_guion.h"
 #include "storage/sistema_ficheros.h"
 
@@ -15,21 +16,7 @@ namespace {
 using prueba::CarpetaTemporal;
 
 // El mismo fichero sin su búsqueda propia: queda la de la interfaz, línea a línea.
-class LineaALinea : public Fichero {
-public:
-    explicit LineaALinea(std::unique_ptr<Fichero> f) : f_(std::move(f)) {}
-    bool LeerLinea(std::string& linea) override { return f_->LeerLinea(linea); }
-    bool LineaLarga() const override { return f_->LineaLarga(); }
-    bool Fin() override { return f_->Fin(); }
-    std::int64_t Posicion() override { return f_->Posicion(); }
-    void IrA(std::int64_t posicion1) override { f_->IrA(posicion1); }
-    std::int64_t Longitud() override { return f_->Longitud(); }
-    bool Escribir(const std::string& bytes) override { return f_->Escribir(bytes); }
-    bool Cerrar() override { return f_->Cerrar(); }
-
-private:
-    std::unique_ptr<Fichero> f_;
-};
+using LineaALinea = prueba::FicheroDelegado;
 
 // Busca desde 'inicio' hasta el final con los dos y compara cada paso.
 void Comparar(const std::string& bytes, std::int64_t inicio) {

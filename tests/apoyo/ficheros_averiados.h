@@ -11,6 +11,24 @@
 
 namespace sabelot::prueba {
 
+// Un fichero que lo pasa todo al de debajo, salvo lo que una prueba quiera cambiar. No pasa la
+// búsqueda de "q>": la hace la de la interfaz, línea a línea.
+class FicheroDelegado : public Fichero {
+public:
+    explicit FicheroDelegado(std::unique_ptr<Fichero> f) : f_(std::move(f)) {}
+    bool LeerLinea(std::string& linea) override { return f_->LeerLinea(linea); }
+    bool LineaLarga() const override { return f_->LineaLarga(); }
+    bool Fin() override { return f_->Fin(); }
+    std::int64_t Posicion() override { return f_->Posicion(); }
+    void IrA(std::int64_t posicion1) override { f_->IrA(posicion1); }
+    std::int64_t Longitud() override { return f_->Longitud(); }
+    bool Escribir(const std::string& bytes) override { return f_->Escribir(bytes); }
+    bool Cerrar() override { return f_->Cerrar(); }
+
+protected:
+    std::unique_ptr<Fichero> f_;
+};
+
 class FicherosAveriados : public SistemaFicheros {
 public:
     explicit FicherosAveriados(SistemaFicheros& real) : real_(real) {}
@@ -51,16 +69,10 @@ public:
     bool Borrar(const std::string& ruta) override { return real_.Borrar(ruta); }
 
 private:
-    class FicheroAveriado : public Fichero {
+    class FicheroAveriado : public FicheroDelegado {
     public:
         FicheroAveriado(std::unique_ptr<Fichero> f, FicherosAveriados& capa)
-            : f_(std::move(f)), capa_(capa) {}
-        bool LeerLinea(std::string& linea) override { return f_->LeerLinea(linea); }
-        bool LineaLarga() const override { return f_->LineaLarga(); }
-        bool Fin() override { return f_->Fin(); }
-        std::int64_t Posicion() override { return f_->Posicion(); }
-        void IrA(std::int64_t posicion1) override { f_->IrA(posicion1); }
-        std::int64_t Longitud() override { return f_->Longitud(); }
+            : FicheroDelegado(std::move(f)), capa_(capa) {}
         bool Escribir(const std::string& bytes) override {
             if (!capa_.fallaEscribir && !capa_.aMitadDeEscribir) return f_->Escribir(bytes);
             f_->Escribir(bytes.substr(0, bytes.size() / 2));
@@ -74,7 +86,6 @@ private:
         }
 
     private:
-        std::unique_ptr<Fichero> f_;
         FicherosAveriados& capa_;
     };
 
