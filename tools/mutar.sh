@@ -2,7 +2,8 @@
 # ./probar --mutar [FILTRO]: cada fallo hecho a propósito de tools/mutar/mutantes.tsv se pone en
 # el núcleo, se construye y se pasan las pruebas del núcleo; un fallo que las pruebas no notan
 # es un mutante vivo. Construye aparte (build/mutar, sin sanitizers) y deja cada fichero como
-# estaba. Con FILTRO, solo los mutantes cuya línea lo contenga.
+# estaba. Con FILTRO, solo los mutantes cuya línea lo contenga. En build/mutar/matriz.tsv queda
+# qué pruebas notó cada mutante: antes de quitar una prueba, se mira si es la única que mata alguno.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 filtro=${1:-}
@@ -22,6 +23,8 @@ trap 'for f in "$guardado"/*; do [ -e "$f" ] && cp "$f" "$(cat "$f.ruta")"; done
 
 total=0 muertos=0 rotos=0
 vivos=()
+matriz=$dir/matriz.tsv
+: >"$matriz"
 while IFS=$'\t' read -r fichero original mutado que; do
   [[ -z $fichero || $fichero == \#* ]] && continue
   [[ -n $filtro && "$fichero $que" != *"$filtro"* ]] && continue
@@ -40,13 +43,17 @@ PY
     # Un mutante que no compila no dice nada de las pruebas: hay que arreglarlo en la lista.
     resultado="NO COMPILA"
     rotos=$((rotos + 1))
-  elif timeout 300 "$dir/tests/pruebas" --gtest_brief=1 >/dev/null 2>&1; then
+  elif timeout 300 "$dir/tests/pruebas" --gtest_brief=1 >"$guardado/salida" 2>&1; then
     resultado="VIVO"
     vivos+=("$fichero: $que")
   else
     resultado="muerto"
     muertos=$((muertos + 1))
   fi
+  quien=$(sed -n 's/^\[  FAILED  \] \([^ ,]*\).*/\1/p' "$guardado/salida" 2>/dev/null | sort -u | paste -sd' ')
+  [[ $resultado == muerto && -z $quien ]] && quien="(se cae o se cuelga)"
+  printf '%s\t%s\t%s\n' "$fichero" "$que" "$quien" >>"$matriz"
+  rm -f "$guardado/salida"
   cp "$copia" "$fichero" && rm -f "$copia" "$copia.ruta"
 
   printf '%3d %-8s %s: %s\n' "$total" "$resultado" "$fichero" "$que"
