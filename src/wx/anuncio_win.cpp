@@ -1,12 +1,9 @@
 // Anuncios en Windows: el puente entre las ventanas wxWidgets y la cadena de lectores
 // (lectores_win.cpp), que no sabe nada de wxWidgets.
 #include <wx/control.h>
-#include <wx/eventfilter.h>
 #include <wx/msw/wrapwin.h>
 
-#include <map>
-
-#include "anuncio.h"
+#include "anuncio_tecla.h"
 
 #if wxUSE_ACCESSIBILITY
 #include <wx/access.h>
@@ -57,14 +54,9 @@ Accesible* AccesibleDe(wxWindow* w) {
 }
 #endif
 
-// Un texto nuevo corta el anterior solo si entre medias se ha pulsado una tecla (o el ratón):
-// los textos que provoca una misma tecla, aunque lleguen por temporizador (el de un cuadro de
-// mensaje y luego su botón), van uno tras otro. wxEVT_CHAR_HOOK llega una vez por pulsación y
-// antes que cualquier manejador de la tecla.
-class AnunciadorWin : public Anunciador, public wxEventFilter {
+class AnunciadorWin : public AnunciadorPorTecla {
 public:
     AnunciadorWin() {
-        wxEvtHandler::AddFilter(this);
         // En la vía MSAA el texto va al nombre accesible, no al texto de la ventana, que en
         // un botón es lo que se ve.
         cadena_.PonerNombre = [this](HWND v, const std::wstring& texto) {
@@ -80,40 +72,10 @@ public:
         };
     }
 
-    ~AnunciadorWin() override { wxEvtHandler::RemoveFilter(this); }
-
-    int FilterEvent(wxEvent& evento) override {
-        const wxEventType tipo = evento.GetEventType();
-        if (tipo == wxEVT_CHAR_HOOK || tipo == wxEVT_LEFT_DOWN) teclaNueva_ = true;
-        if (tipo == wxEVT_SET_FOCUS) {
-            // Lo que espera a este control se dice detrás de lo que el lector dice al llegar.
-            auto* w = dynamic_cast<wxWindow*>(evento.GetEventObject());
-            auto it = alEnfocar_.find(w);
-            if (it != alEnfocar_.end()) {
-                const wxString texto = it->second;
-                alEnfocar_.erase(it);
-                w->CallAfter([this, w, texto] { Anunciar(w, texto); });
-            }
-        } else if (tipo == wxEVT_DESTROY) {
-            alEnfocar_.erase(dynamic_cast<wxWindow*>(evento.GetEventObject()));
-        }
-        return Event_Skip;
-    }
-
-    void AnunciarAlEnfocar(wxWindow* control, const wxString& texto) override {
-        if (!control) return;
-        if (wxWindow::FindFocus() == control) {
-            Anunciar(control, texto);
-            return;
-        }
-        alEnfocar_[control] = texto;
-    }
-
     void Anunciar(wxWindow* foco, const wxString& texto) override {
         wxWindow* w = wxWindow::FindFocus();
         if (!w) w = foco;
-        const bool interrumpir = teclaNueva_;
-        teclaNueva_ = false;
+        const bool interrumpir = Interrumpe();
         actual_ = w;
         cadena_.Decir(Ventana(w), std::wstring(texto.wc_str()), interrumpir);
         actual_ = nullptr;
@@ -137,8 +99,6 @@ public:
 private:
     lectores::Cadena cadena_;
     wxWindow* actual_ = nullptr;  // el control que recibe el texto mientras se dice
-    std::map<wxWindow*, wxString> alEnfocar_;
-    bool teclaNueva_ = true;  // el primer texto no espera a nadie
 };
 
 }  // namespace
