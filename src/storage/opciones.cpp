@@ -65,17 +65,21 @@ void LeerOpciones(Module1& m, Plataforma& p, Canales& canales) {
     }
 }
 
-bool GuardarOpciones(const Module1& m, Plataforma& p) {
-    EscritorDelimitado e;
-    e.Entero(m.NumJugadores);
-    e.Entero(m.QuesitosParaGanar);
-    e.FinRegistro();
+void EscribirTemas(EscritorDelimitado& e, const Module1& m) {
     for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
         e.Cadena(m.FicheroTema[tema]);
         e.Cadena(m.EtiquetaTema[tema]);
         e.Entero(m.CanalTema[tema]);
         e.FinRegistro();
     }
+}
+
+bool GuardarOpciones(const Module1& m, Plataforma& p) {
+    EscritorDelimitado e;
+    e.Entero(m.NumJugadores);
+    e.Entero(m.QuesitosParaGanar);
+    e.FinRegistro();
+    EscribirTemas(e, m);
     return EscribirDeUnaVez(p.Ficheros(), RutaOpciones(p), e.Bytes());
 }
 

@@ -4,6 +4,7 @@
 #include "comun/estado.h"
 #include "comun/plataforma.h"
 #include "storage/canales.h"
+#include "storage/texto_delimitado.h"
 
 namespace sabelot {
 
@@ -20,6 +21,9 @@ bool NombreDeFicheroValido(const std::string& nombre);
 // Si el fichero existe y se lee entero y bien, cambia las opciones del estado; si no
 // existe, o está roto, no cambia nada ni dice nada (y no lo toca).
 void LeerOpciones(Module1& m, Plataforma& p, Canales& canales);
+// Los seis registros de las categorías (fichero, etiqueta, canal), los mismos en Sabelot.ini y
+// en una partida guardada.
+void EscribirTemas(EscritorDelimitado& e, const Module1& m);
 // Escribe el fichero de una vez (temporal y renombrar). Falso si no se pudo; el
 // fichero anterior queda como estaba.
 bool GuardarOpciones(const Module1& m, Plataforma& p);

@@ -127,12 +127,7 @@ std::string BytesPartida(const Module1& m, const CamposForm1& f) {
     e.Entero(m.QuesitosParaGanar);
     e.Entero(f.JugadorActual);
     e.FinRegistro();
-    for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-        e.Cadena(m.FicheroTema[tema]);
-        e.Cadena(m.EtiquetaTema[tema]);
-        e.Entero(m.CanalTema[tema]);
-        e.FinRegistro();
-    }
+    EscribirTemas(e, m);
     for (int j = 1; j <= m.NumJugadores && j <= kMaxJugadores; ++j) {
         // Un jugador que las tablas no tienen (no debería pasar) se guarda a cero.
         const bool enTablas = j <= m.NumQuesitos.Limite() && j <= m.Preguntas.Jugadores() &&

@@ -225,38 +225,25 @@ private:
         Comprobar("arranque");
     }
 
+    // Unos pocos cambios al azar: cortar, cambiar un bit, meter un trozo que confunde al lector
+    // o poner un número cualquiera en lugar de un dígito.
     std::string Estropear(std::string b) {
         static const char* const kTrozos[] = {"\"",   ",",  "\r\n", "-", "99999999999", "#TRUE#", "\x1a",
                                               "\xff", "\n", "0",    "7"};
-        auto sitio = [&](int extra) {
-            return static_cast<std::size_t>(Entero(0, static_cast<int>(b.size()) - 1 + extra));
-        };
         for (int v = Entero(1, 4); v > 0; --v) {
-            const int r = Entero(0, 5);
-            if (b.empty() && r != 2) continue;
-            switch (r) {
-                case 0: b.resize(sitio(0)); break;
-                case 1: {
-                    const std::size_t i = sitio(0);
-                    b[i] = static_cast<char>(b[i] ^ (1 << Entero(0, 7)));
-                    break;
-                }
-                case 2: {
-                    const std::size_t i = sitio(1);
-                    const int t = Entero(0, 11);
-                    b.insert(i, t == 11 ? std::string(1, '\0') : std::string(kTrozos[t]));
-                    break;
-                }
-                case 3: b.erase(sitio(0), static_cast<std::size_t>(Entero(1, 10))); break;
-                case 4: b += b.substr(0, b.size() / 2); break;
-                default:
-                    // Un número cualquiera en lugar de un dígito.
-                    for (std::size_t i = 0; i < b.size(); ++i) {
-                        if (b[i] >= '0' && b[i] <= '9' && Moneda(0.2)) {
-                            b.replace(i, 1, std::to_string(Entero(-40, 200)));
-                            break;
-                        }
-                    }
+            const auto i = static_cast<std::size_t>(Entero(0, static_cast<int>(b.size())));
+            const int r = Entero(0, 3);
+            if (r == 0) {
+                b.resize(i);
+            } else if (r == 1 && i < b.size()) {
+                b[i] = static_cast<char>(b[i] ^ (1 << Entero(0, 7)));
+            } else if (r == 2 || i == b.size()) {
+                const int t = Entero(0, 11);
+                b.insert(i, t == 11 ? std::string(1, '\0') : std::string(kTrozos[t]));
+            } else if (b[i] >= '0' && b[i] <= '9') {
+                b.replace(i, 1, std::to_string(Entero(-40, 200)));
+            } else {
+                b.erase(i, static_cast<std::size_t>(Entero(1, 10)));
             }
         }
         return b;
