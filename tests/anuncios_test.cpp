@@ -1,4 +1,4 @@
-// Qué oye el jugador: lo que decide comun/anuncios.h, paso a paso y en la partida.
+// Qué oye el jugador: lo que decide comun/anuncios.h, paso a paso (tests/datos/anuncios.txt) y en la partida.
 #include "comun/anuncios.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "apoyo/juego_prueba.h"
+#include "apoyo/juego_casos.h"
 
 namespace sabelot {
 namespace {
@@ -14,81 +14,31 @@ namespace {
 using prueba::AzarDado;
 using prueba::JuegoPrueba;
 
-// Un paso de la tabla: lo que pasa y lo que se habrá dicho al acabar (en orden, con P para el
-// panel y D para un diálogo).
-struct Paso {
-    char que;  // R reemplazar, A añadir, D decir (diálogo), S soltar, [ abrir tramo, ] cerrarlo
-    std::string texto;
-};
-
-struct CasoVoz {
-    const char* nombre;
-    std::vector<Paso> pasos;
-    std::vector<std::string> oido;
-};
-
-class Voz : public ::testing::TestWithParam<CasoVoz> {};
+class Voz : public ::testing::TestWithParam<prueba::Caso> {};
 
 TEST_P(Voz, DiceCadaCosaNuevaUnaVezYEnOrden) {
-    std::vector<std::string> oido;
+    std::map<std::string, std::string> oido{{"oido", ""}};
     Anuncios a([&](const std::string& t, Anuncios::Lugar l) {
-        oido.push_back(std::string(l == Anuncios::Lugar::Panel ? "P:" : "D:") + t);
+        oido["oido"] +=
+            (oido["oido"].empty() ? "" : " ¦ ") + std::string(l == Anuncios::Lugar::Panel ? "P:" : "D:") + t;
     });
     std::vector<std::unique_ptr<Anuncios::Tramo>> tramos;
-    for (const Paso& p : GetParam().pasos) {
-        switch (p.que) {
-            case 'R': a.Reemplazar(p.texto); break;
-            case 'A': a.Anadir(p.texto); break;
-            case 'D': a.Decir(p.texto); break;
+    for (const std::string& paso : prueba::Partir(GetParam().acciones, '|')) {
+        const std::string texto = prueba::ConSaltos(paso.substr(1));
+        switch (paso[0]) {
+            case 'R': a.Reemplazar(texto); break;
+            case 'A': a.Anadir(texto); break;
+            case 'D': a.Decir(texto); break;
             case 'S': a.Soltar(); break;
             case '[': tramos.push_back(std::make_unique<Anuncios::Tramo>(a)); break;
             case ']': tramos.pop_back(); break;
         }
     }
-    EXPECT_EQ(oido, GetParam().oido);
+    prueba::Comprobar(oido, GetParam().esperado);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Politica, Voz,
-    ::testing::Values(
-        CasoVoz{"FueraDeUnTramoSeDiceYa", {{'R', "Casilla central"}}, {"P:Casilla central"}},
-        CasoVoz{"UnTextoReemplazadoAntesDeDecirseNoSeOye",
-                {{'[', ""},
-                 {'R', "Fallaste, pierdes el turno."},
-                 {'R', "Fallaste: has desaprovechado"},
-                 {']', ""}},
-                {"P:Fallaste: has desaprovechado"}},
-        CasoVoz{"LoAnadidoVaConLoPendiente",
-                {{'[', ""}, {'R', "Fallaste."}, {'A', "\r\nTurno del jugador 2."}, {']', ""}},
-                {"P:Fallaste.\r\nTurno del jugador 2."}},
-        CasoVoz{"LoAnadidoTrasDecirseSeOyeSolo",
-                {{'[', ""}, {'R', "Fallaste."}, {'S', ""}, {'A', "\r\nTurno del jugador 2."}, {']', ""}},
-                {"P:Fallaste.", "P:\r\nTurno del jugador 2."}},
-        CasoVoz{"ElMismoTextoEnLaMismaTeclaNoSeRepite",
-                {{'[', ""}, {'R', "Casilla de Cine"}, {'S', ""}, {'R', "Casilla de Cine"}, {']', ""}},
-                {"P:Casilla de Cine"}},
-        CasoVoz{
-            "ElMismoTextoEnOtraTeclaSiSeOye",
-            {{'[', ""}, {'R', "Casilla de Cine"}, {']', ""}, {'[', ""}, {'R', "Casilla de Cine"}, {']', ""}},
-            {"P:Casilla de Cine", "P:Casilla de Cine"}},
-        CasoVoz{"UnPanelVacioNoDiceNada", {{'[', ""}, {'R', "Algo"}, {'R', ""}, {']', ""}}, {}},
-        CasoVoz{"ElDialogoSeOyeEnSuOrdenYSeRepite",
-                {{'[', ""},
-                 {'R', "Casilla de Cine"},
-                 {'S', ""},
-                 {'[', ""},
-                 {'D', "2. Seis"},
-                 {']', ""},
-                 {'[', ""},
-                 {'D', "2. Seis"},
-                 {']', ""},
-                 {'R', "Muy bien, sigue  así."},
-                 {']', ""}},
-                {"P:Casilla de Cine", "D:2. Seis", "D:2. Seis", "P:Muy bien, sigue  así."}},
-        CasoVoz{"UnTramoDentroDeOtroSueltaLoSuyoAlAcabar",
-                {{'[', ""}, {'[', ""}, {'R', "uno"}, {']', ""}, {'R', "dos"}, {']', ""}},
-                {"P:uno", "P:dos"}}),
-    [](const ::testing::TestParamInfo<CasoVoz>& i) { return std::string(i.param.nombre); });
+INSTANTIATE_TEST_SUITE_P(Politica, Voz, ::testing::ValuesIn(prueba::Casos("anuncios.txt")),
+                         [](const auto& info) { return info.param.nombre; });
 
 // En la partida: lo que se oye tras cada tecla es lo que el juego deja en el panel y en sus
 // diálogos, una vez y en su orden. La primera respuesta de una pregunta la presenta la ventana

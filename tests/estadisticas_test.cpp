@@ -1,7 +1,7 @@
 // El informe del jugador: quesitos, aciertos y porcentajes redondeados al par.
 #include <gtest/gtest.h>
 
-#include "apoyo/juego_prueba.h"
+#include "apoyo/juego_casos.h"
 
 namespace sabelot {
 namespace {
@@ -10,8 +10,7 @@ class EstadisticasTest : public ::testing::Test {
 protected:
     EstadisticasTest() {
         j.f().ConstruirTablero();
-        j.m().NumJugadores = 2;
-        j.m().DimensionarTablas(2);
+        prueba::Preparar(j, "jugadores=2");
     }
     std::string Informe() {
         j.p.mensajes.clear();
@@ -34,25 +33,10 @@ TEST_F(EstadisticasTest, SinNadaTodavia) {
 }
 
 TEST_F(EstadisticasTest, QuesitosYPorcentajesDelJugadorEnTurno) {
-    Module1& m = j.m();
-    j.f().JugadorActual = 2;
-    m.QuesitoGanado(6, 2) = true;
-    m.QuesitoGanado(1, 2) = true;
-    m.QuesitoGanado(3, 2) = true;
-    m.NumQuesitos(2) = 3;
-    m.Aciertos(1, 2) = 1;
-    m.Preguntas(1, 2) = 3;
-    m.Aciertos(2, 2) = 2;
-    m.Preguntas(2, 2) = 3;
-    m.Aciertos(4, 2) = 0;
-    m.Preguntas(4, 2) = 4;
-    m.Aciertos(5, 2) = 1;
-    m.Preguntas(5, 2) = 1;
-    m.Aciertos(6, 2) = 1;
-    m.Preguntas(6, 2) = 8;
     // El otro jugador no sale.
-    m.Aciertos(3, 1) = 5;
-    m.Preguntas(3, 1) = 5;
+    prueba::Preparar(j,
+                     "turno=2;quesitos2=6,1,3;cuenta=1,2,1,3;cuenta=2,2,2,3;cuenta=4,2,0,4;cuenta=5,2,1,1;"
+                     "cuenta=6,2,1,8;cuenta=3,1,5,5");
     EXPECT_EQ(Informe(), "Jugador 2.\r\nTienes 3 quesitos:  Cine ,  Historia ,  Cotilleos . " + kAdemas +
                              " Cine : 1/3  (33%) \r\n"
                              " Deportes y espectáculos : 2/3  (67%) \r\n"
@@ -64,8 +48,7 @@ TEST_F(EstadisticasTest, QuesitosYPorcentajesDelJugadorEnTurno) {
 
 TEST_F(EstadisticasTest, UnQuesitoConEtiquetaPropia) {
     j.m().EtiquetaTema[3] = "Historia ";
-    j.m().QuesitoGanado(3, 1) = true;
-    j.m().NumQuesitos(1) = 1;
+    prueba::Preparar(j, "quesitos1=3");
     const std::string s = Informe();
     EXPECT_EQ(s.substr(0, s.find(kAdemas)), "Jugador 1.\r\nTienes un quesito: Historia . ");
 }
@@ -77,8 +60,7 @@ TEST_F(EstadisticasTest, PorcentajesRedondeadosAlPar) {
     } casos[] = {{1, 3, "33"}, {2, 3, "67"},  {1, 8, "12"}, {3, 8, "38"},  {5, 8, "62"}, {7, 8, "88"},
                  {1, 2, "50"}, {1, 1, "100"}, {0, 4, "0"},  {3, 16, "19"}, {1, 6, "17"}, {5, 6, "83"}};
     for (const auto& c : casos) {
-        j.m().Aciertos(1, 1) = c.aciertos;
-        j.m().Preguntas(1, 1) = c.preguntas;
+        prueba::Preparar(j, "cuenta=1,1," + std::to_string(c.aciertos) + "," + std::to_string(c.preguntas));
         const std::string linea = " Cine : " + std::to_string(c.aciertos) + "/" +
                                   std::to_string(c.preguntas) + "  (" + c.porcentaje + "%) \r\n";
         EXPECT_NE(Informe().find(kAdemas + linea), std::string::npos) << c.aciertos << "/" << c.preguntas;

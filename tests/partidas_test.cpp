@@ -9,12 +9,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <sstream>
 
-#include "apoyo/datos_prueba.h"
 #include "apoyo/ficheros_averiados.h"
-#include "apoyo/juego_prueba.h"
-#include "storage/cp1252.h"
+#include "apoyo/juego_casos.h"
 #include "storage/partidas.h"
 
 namespace sabelot {
@@ -23,79 +20,41 @@ namespace {
 using prueba::FicherosAveriados;
 using prueba::JuegoPrueba;
 
-const std::string C = "\r\n";
+// Las partidas rotas y la de ejemplo (de dos jugadores) son las del corpus del fuzzing.
+const auto kCorpus = prueba::FicherosDelCorpus("fuzz_partidas");
+const std::string kEjemplo = std::find_if(kCorpus.begin(), kCorpus.end(),
+                                          [](const auto& f) { return f.first == "Ejemplo.sav"; }) -> second;
 const std::string kErrorCarga =
     "Se produjo un error al cargar el archivo. Indique otro nombre de archivo o pulse en cancelar";
-const std::string kNoEncontrada = "No se encuentra ese archivo de partida";
+const std::string kErrorGuardar = "Se produjo un error al guardar la partida con ese nombre";
+const std::string kCaracter = ": Probablemente utilizó algún carácter no permitido";
+const std::string kOtroNombre = ". Introduzca un nombre nuevo o pulse en cancelar.";
 
-const std::vector<std::string> kLineasEjemplo = prueba::LineasDeDatos("partida_ejemplo.txt");
-
-// Las líneas en Windows-1252, cada una con su CR LF.
-std::string Fichero(const std::vector<std::string>& lineas) {
-    std::string s;
-    for (const auto& l : lineas) s += Utf8ACp1252(l) + C;
-    return s;
-}
-
-const std::string kEjemplo = Fichero(kLineasEjemplo);
-
-void Preparar(JuegoPrueba& jp, int jugadores = 1) {
+void Empezar(JuegoPrueba& jp, const std::string& preparacion = "jugadores=1") {
     jp.f().ConstruirTablero();
-    jp.m().NumJugadores = jugadores;
-    jp.m().DimensionarTablas(jugadores);
     jp.f().PonerTitulo(TituloJugador(1));
+    prueba::Preparar(jp, preparacion);
 }
 
 // Una partida a medias de tres jugadores, distinta del ejemplo en todo.
 void PartidaEnJuego(JuegoPrueba& jp) {
-    Preparar(jp, 3);
-    jp.m().QuesitosParaGanar = 5;
+    Empezar(jp, "jugadores=3;quesitos=5;fichas=5,40,16;turno=3;cursor=40;rumbo=4;quesitos3=1;cuenta=2,2,5,7");
     for (std::size_t t = 1; t <= 6; ++t) {
         jp.m().FicheroTema[t] = "f" + std::to_string(t);
         jp.m().EtiquetaTema[t] = "Etiqueta " + std::to_string(t) + " ";
         jp.m().CanalTema[t] = static_cast<int>(t);
     }
-    jp.f().PosicionFicha = {0, 5, 40, 16, 0, 0, 0};
-    jp.f().JugadorActual = 3;
-    jp.f().CasillaCursor = 40;
-    jp.f().RumboCentro = 4;
-    jp.m().QuesitoGanado(1, 3) = true;
-    jp.m().NumQuesitos(3) = 1;
-    jp.m().Preguntas(2, 2) = 7;
-    jp.m().Aciertos(2, 2) = 5;
     jp.f().PonerTitulo(TituloJugador(3));
     jp.f().PonerTexto1("texto de antes");
 }
 
-// Todo el estado que una carga o un guardado podría tocar, en texto para comparar.
+// Todo el estado que una carga o un guardado podría tocar, sin lo que se dice.
 std::string Foto(JuegoPrueba& jp) {
-    std::ostringstream s;
-    Module1& m = jp.m();
-    Form1& f = jp.f();
-    s << "jugadores " << m.NumJugadores << " quesitos " << m.QuesitosParaGanar << " actual "
-      << f.JugadorActual << " cursor " << f.CasillaCursor << " rumbo " << f.RumboCentro << " previa "
-      << f.CasillaPrevia << " anexas " << f.LeerAnexas << "\n";
-    for (std::size_t t = 1; t <= 6; ++t)
-        s << "tema " << t << " [" << m.FicheroTema[t] << "] [" << m.EtiquetaTema[t] << "] " << m.CanalTema[t]
-          << "\n";
-    s << "fichas";
-    for (std::size_t i = 1; i <= 6; ++i) s << " " << f.PosicionFicha[i];
-    s << "\nlimites " << m.Preguntas.Jugadores() << m.Aciertos.Jugadores() << m.QuesitoGanado.Jugadores()
-      << m.NumQuesitos.Limite() << "\n";
-    for (int j = 1; j <= m.NumQuesitos.Limite(); ++j) {
-        s << "jugador " << j << ": " << m.NumQuesitos(j);
-        for (int t = 1; t <= 6; ++t)
-            s << " " << m.QuesitoGanado(t, j) << "/" << m.Aciertos(t, j) << "/" << m.Preguntas(t, j);
-        s << "\n";
-    }
-    s << "titulo " << f.Titulo() << "\n";
-    return s.str();
-}
-
-int ContarRegistros(const std::string& bytes) {
-    int n = 0;
-    for (std::size_t i = bytes.find(C); i != std::string::npos; i = bytes.find(C, i + 2)) ++n;
-    return n;
+    std::string s;
+    for (const auto& [clave, valor] : prueba::Observar(jp))
+        if (clave != "texto" && clave.rfind("mensaje", 0) != 0 && clave != "entradas" && clave != "oido")
+            s += clave + "=" + valor + "\n";
+    return s;
 }
 
 std::vector<std::string> FicherosDeLaCarpeta(JuegoPrueba& jp) {
@@ -110,59 +69,25 @@ TEST(Partidas, ElEjemploSeCargaYSeGuardaIgual) {
     jp.p.carpeta.Escribir("ejemplo.sav", kEjemplo);
     jp.p.textos = {"ejemplo"};
     jp.f().CargarPartida();
-    ASSERT_TRUE(jp.p.mensajes.empty()) << jp.p.mensajes[0].texto;
-    ASSERT_EQ(1u, jp.p.entradas.size());
-    EXPECT_EQ("Cargar partida", jp.p.entradas[0].titulo);
+    prueba::Comprobar(prueba::Observar(jp), prueba::LineasDeDatos("partida_cargada.txt"));
     EXPECT_EQ("Introduzca el nombre de la partida que desea cargar:", jp.p.entradas[0].indicacion);
-    EXPECT_EQ("", jp.p.entradas[0].inicial);
-
-    Module1& m = jp.m();
-    EXPECT_EQ(2, m.NumJugadores);
-    EXPECT_EQ(3, m.QuesitosParaGanar);
-    EXPECT_EQ(2, jp.f().JugadorActual);
-    EXPECT_EQ("Mezcla", m.FicheroTema[6]);
-    EXPECT_EQ("Cajón de sastre ", m.EtiquetaTema[6]);
-    EXPECT_EQ(4, m.CanalTema[4]);
-    EXPECT_EQ(12, jp.f().PosicionFicha[1]);
-    EXPECT_EQ(37, jp.f().PosicionFicha[2]);
-    EXPECT_EQ(16, jp.f().PosicionFicha[3]) << "la ficha de un jugador que no está se queda";
-    EXPECT_EQ(2, m.Preguntas.Jugadores());
-    EXPECT_EQ(2, m.NumQuesitos.Limite());
-    EXPECT_EQ(1, m.NumQuesitos(1));
-    EXPECT_TRUE(m.QuesitoGanado(1, 1));
-    EXPECT_EQ(3, m.Aciertos(1, 1));
-    EXPECT_EQ(4, m.Preguntas(1, 1));
-    EXPECT_EQ(2, m.Aciertos(5, 1));
-    EXPECT_EQ(3, m.Preguntas(5, 1));
-    EXPECT_EQ(0, m.NumQuesitos(2));
-    EXPECT_EQ(2, m.Preguntas(4, 2));
-    EXPECT_EQ(0, m.Aciertos(4, 2));
-    // El cursor va a la ficha del que mueve, y se cuenta esa casilla.
-    EXPECT_EQ(37, jp.f().CasillaCursor);
-    EXPECT_EQ("Casilla de Cine " + C + " quesito de Cajón de sastre derecha" + C +
-                  " casilla de dados izquierda" + C + "Ficha del jugador 2",
-              jp.f().Texto1());
-    EXPECT_EQ("SÁBELOT - Jugador 2", jp.f().Titulo());
 
     jp.p.textos = {"copia"};
     jp.f().GuardarPartida();
-    EXPECT_EQ("PARTIDA GUARDADA", jp.f().Texto1());
     EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("copia.sav"));
-    ASSERT_EQ(2u, jp.p.entradas.size());
-    EXPECT_EQ("Guardar Partida", jp.p.entradas[1].titulo);
+    prueba::Comprobar(prueba::Observar(jp),
+                      {"texto=PARTIDA GUARDADA", "entradas=Cargar partida|Guardar Partida", "mensajes=0"});
     EXPECT_EQ(
         "Introduzca un nombre para guardar la partida actual: (si existe otra partida con ese nombre se "
         "eliminará)",
         jp.p.entradas[1].indicacion);
-    EXPECT_EQ("", jp.p.entradas[1].inicial);
-    EXPECT_TRUE(jp.p.mensajes.empty());
+    EXPECT_EQ("", jp.p.entradas[0].inicial + jp.p.entradas[1].inicial);
 }
 
 TEST(Partidas, IdaYVueltaConUnoYConSeisJugadores) {
     for (int jugadores : {1, 6}) {
         JuegoPrueba jp;
-        Preparar(jp, jugadores);
-        jp.m().QuesitosParaGanar = 6;
+        Empezar(jp, "jugadores=" + std::to_string(jugadores) + ";quesitos=6;cursor=3");
         for (std::size_t t = 1; t <= 6; ++t) {
             jp.m().FicheroTema[t] = t % 2 ? "Cine" : "";
             jp.m().EtiquetaTema[t] = t == 2 ? "Cine, teatro y más " : "(No especificado) ";
@@ -178,7 +103,6 @@ TEST(Partidas, IdaYVueltaConUnoYConSeisJugadores) {
             }
         }
         jp.f().JugadorActual = jugadores;
-        jp.f().CasillaCursor = 3;
         jp.f().PonerTitulo(TituloJugador(jugadores));
         const std::string antes = Foto(jp);
 
@@ -186,11 +110,11 @@ TEST(Partidas, IdaYVueltaConUnoYConSeisJugadores) {
         jp.f().GuardarPartida();
         EXPECT_EQ(antes, Foto(jp)) << "guardar no cambia la partida";
         const std::string bytes = jp.p.carpeta.Leer("Partida de prueba.sav");
-        EXPECT_EQ(7 + 7 * jugadores, ContarRegistros(bytes));
+        EXPECT_EQ(7 + 7 * jugadores, std::count(bytes.begin(), bytes.end(), '\n'));
 
         JuegoPrueba otro;
         otro.p.carpeta.Escribir("Partida de prueba.sav", bytes);
-        Preparar(otro, 2);
+        Empezar(otro, "jugadores=2");
         otro.p.textos = {"Partida de prueba.sav"};
         otro.f().CargarPartida();
         EXPECT_TRUE(otro.p.mensajes.empty());
@@ -200,31 +124,43 @@ TEST(Partidas, IdaYVueltaConUnoYConSeisJugadores) {
     }
 }
 
-TEST(Partidas, LaRutaLlevaUnSoloSav) {
-    struct {
-        const char* escrito;
-        const char* fichero;
-    } const casos[] = {
-        {"Mi partida", "Mi partida.sav"},
-        {"  Mi partida.SAV  ", "Mi partida.SAV"},
-        {"x.sav", "x.sav"},
-        {"x.Sav", "x.Sav"},
-        {"x.savx", "x.savx.sav"},
-        {"x.sa", "x.sa.sav"},
-        {"ñandú", "ñandú.sav"},
-        {".sav", ".sav"},
-    };
-    for (const auto& caso : casos) {
+// Con el nombre, el fichero que queda y se vuelve a cargar, o el aviso y nada escrito.
+TEST(Partidas, NombresDePartida) {
+    for (const std::string& fila : prueba::LineasDeDatos("nombres_partida.txt")) {
+        std::string nombre = fila.substr(0, fila.find('\t'));
+        const std::string fichero = fila.substr(nombre.size() + 1);
+        for (const auto& [escrito, bytes] : {std::pair{"\\t", "\t"}, std::pair{"\\x01", "\x01"}})
+            if (nombre.find(escrito) != std::string::npos) nombre.replace(nombre.find(escrito), 4, bytes);
         JuegoPrueba jp;
-        Preparar(jp);
-        jp.p.textos = {caso.escrito};
+        PartidaEnJuego(jp);
+        const std::string antes = Foto(jp);
+        jp.p.textos = {nombre, ""};
         jp.f().GuardarPartida();
-        EXPECT_EQ("PARTIDA GUARDADA", jp.f().Texto1()) << caso.escrito;
-        EXPECT_EQ(std::vector<std::string>{caso.fichero}, FicherosDeLaCarpeta(jp)) << caso.escrito;
-        // Y se carga con el mismo nombre.
-        jp.p.textos = {caso.escrito};
-        jp.f().CargarPartida();
-        EXPECT_TRUE(jp.p.mensajes.empty()) << caso.escrito;
+        if (fichero == "cancelar") {  // y al cargar, lo mismo
+            jp.p.textos = {nombre};
+            jp.f().CargarPartida();
+            prueba::Comprobar(prueba::Observar(jp),
+                              {"texto=Cancelado", "mensajes=0", "entradas=Guardar Partida|Cargar partida"});
+            EXPECT_EQ(antes, Foto(jp));
+            EXPECT_TRUE(FicherosDeLaCarpeta(jp).empty()) << fila;
+            continue;
+        }
+        if (fichero != "carácter" && fichero != "otro") {
+            EXPECT_EQ("PARTIDA GUARDADA", jp.f().Texto1()) << fila;
+            EXPECT_EQ(std::vector<std::string>{fichero}, FicherosDeLaCarpeta(jp)) << fila;
+            jp.p.textos = {nombre};
+            jp.f().CargarPartida();
+            EXPECT_TRUE(jp.p.mensajes.empty()) << fila;
+            continue;
+        }
+        ASSERT_EQ(1u, jp.p.mensajes.size()) << fila;
+        EXPECT_EQ(kErrorGuardar + (fichero == "carácter" ? kCaracter : "") + kOtroNombre + "|0|Sabelot",
+                  prueba::Observar(jp)["mensaje1"]);
+        ASSERT_EQ(2u, jp.p.entradas.size());
+        EXPECT_EQ(nombre, jp.p.entradas[1].inicial);
+        EXPECT_EQ("Cancelado", jp.f().Texto1());
+        EXPECT_EQ(antes, Foto(jp));
+        EXPECT_TRUE(FicherosDeLaCarpeta(jp).empty()) << fila;
     }
 }
 
@@ -249,176 +185,69 @@ TEST(Partidas, GuardarEncimaBorraLoAnterior) {
     jp.p.textos = {"vieja"};
     jp.f().GuardarPartida();
     const std::string bytes = jp.p.carpeta.Leer("vieja.sav");
-    EXPECT_EQ(7 + 7 * 3, ContarRegistros(bytes));
+    EXPECT_EQ(7 + 7 * 3, std::count(bytes.begin(), bytes.end(), '\n'));
     EXPECT_EQ(0u, bytes.find("3,5,3\r\n\"f1\",\"Etiqueta 1 \",1\r\n"));
 }
 
-TEST(Partidas, BlancosSoloEsCancelar) {
-    JuegoPrueba jp;
-    PartidaEnJuego(jp);
-    const std::string antes = Foto(jp);
-    jp.p.textos = {"   "};
-    jp.f().GuardarPartida();
-    EXPECT_EQ("Cancelado", jp.f().Texto1());
-    EXPECT_TRUE(FicherosDeLaCarpeta(jp).empty());
-    jp.p.textos = {""};
-    jp.f().GuardarPartida();
-    EXPECT_EQ("Cancelado", jp.f().Texto1());
-    jp.p.textos = {"    "};
-    jp.f().CargarPartida();
-    EXPECT_EQ("Cancelado", jp.f().Texto1());
-    EXPECT_EQ(antes, Foto(jp));
-    EXPECT_TRUE(jp.p.mensajes.empty());
-}
-
+// Lo que no se encuentra o no se puede cargar se vuelve a preguntar con lo escrito, hasta la buena.
 TEST(Partidas, CargaQueNoEncuentraVuelveAPreguntarConLoEscrito) {
     JuegoPrueba jp;
     PartidaEnJuego(jp);
     jp.p.carpeta.Escribir("buena.sav", kEjemplo);
     jp.p.carpeta.Escribir("a.sav", kEjemplo);
+    jp.p.carpeta.Escribir("rota.sav", kEjemplo.substr(0, 40));
     // Un nombre con carácter prohibido no se busca, aunque lleve a un fichero que existe.
-    jp.p.textos = {"  bueno ", "../buena", "sub/../a", "CON", "buena"};
+    jp.p.textos = {"  bueno ", "../buena", "sub/../a", "CON", "rota", "buena"};
     jp.f().CargarPartida();
-    ASSERT_EQ(5u, jp.p.entradas.size());
-    EXPECT_EQ("", jp.p.entradas[0].inicial);
-    EXPECT_EQ("  bueno ", jp.p.entradas[1].inicial);
-    EXPECT_EQ("../buena", jp.p.entradas[2].inicial);
-    EXPECT_EQ("CON", jp.p.entradas[4].inicial);
-    ASSERT_EQ(4u, jp.p.mensajes.size());
-    for (const auto& msg : jp.p.mensajes) {
-        EXPECT_EQ(kNoEncontrada, msg.texto);
-        EXPECT_EQ(vbOKOnly, msg.estilo);
-        EXPECT_EQ("Sabelot", msg.titulo);
-    }
-    EXPECT_EQ(2, jp.m().NumJugadores);
-    EXPECT_EQ(37, jp.f().CasillaCursor);
+    std::string iniciales;
+    for (const auto& e : jp.p.entradas) iniciales += e.inicial + "|";
+    EXPECT_EQ("|  bueno |../buena|sub/../a|CON|rota|", iniciales);
+    const std::string noEsta = "No se encuentra ese archivo de partida|0|Sabelot";
+    prueba::Comprobar(
+        prueba::Observar(jp),
+        {"mensajes=5", "mensaje1=" + noEsta, "mensaje2=" + noEsta, "mensaje3=" + noEsta, "mensaje4=" + noEsta,
+         "mensaje5=" + kErrorCarga + "|0|Sabelot", "jugadores=2", "cursor=37", "titulo=SÁBELOT - Jugador 2"});
 }
 
-// Los ficheros rotos: cada uno se rechaza con el aviso y la partida sigue igual.
-struct Rota {
-    std::string nombre;
-    std::string bytes;
-};
-
-std::vector<std::string> Cambiar(std::vector<std::string> lineas, std::size_t i, const std::string& nueva) {
-    lineas[i] = nueva;
-    return lineas;
-}
-
-std::vector<Rota> PartidasRotas() {
-    std::vector<Rota> rotas;
-    // Cortada tras cada registro (el primero, sin nada).
-    for (std::size_t k = 0; k < kLineasEjemplo.size(); ++k) {
-        rotas.push_back(
-            {"CortadaTras" + std::to_string(k),
-             Fichero(std::vector<std::string>(kLineasEjemplo.begin(), kLineasEjemplo.begin() + k))});
-    }
-    rotas.push_back({"CortadaEnMitadDeUnRegistro", kEjemplo.substr(0, kEjemplo.size() - 5)});
-    rotas.push_back({"SinElUltimoFinDeLinea", kEjemplo.substr(0, kEjemplo.size() - 2)});
-    const std::string binaria{'\x7F', 'E', 'L', 'F', '\x02', '\x01', '\x01', '\0', '\0', '\0'};
-    rotas.push_back({"Binaria", binaria + kEjemplo});
-    rotas.push_back({"RegistroDeMas", kEjemplo + "#FALSE#,0,0" + C});
-    rotas.push_back({"LineaEnBlancoAlFinal", kEjemplo + C});
-    rotas.push_back({"Enorme", kEjemplo + std::string(100 * 1024, ' ')});
-    std::string lf, cr;
-    for (const auto& l : kLineasEjemplo) {
-        lf += Utf8ACp1252(l) + "\n";
-        cr += Utf8ACp1252(l) + "\r";
-    }
-    rotas.push_back({"SoloLF", lf});
-    rotas.push_back({"SoloCR", cr});
-    rotas.push_back({"UnaLineaConLF", Fichero(Cambiar(kLineasEjemplo, 8, "#TRUE#,3,4\n#FALSE#,0,2"))});
-    // Una línea del ejemplo cambiada por otra.
-    for (const std::string& fila : prueba::LineasDeDatos("partidas_rotas.txt")) {
-        const std::size_t barra1 = fila.find('|'), barra2 = fila.find('|', barra1 + 1);
-        rotas.push_back(
-            {fila.substr(0, barra1),
-             Fichero(Cambiar(kLineasEjemplo, std::stoul(fila.substr(barra1 + 1, barra2 - barra1 - 1)),
-                             fila.substr(barra2 + 1)))});
-    }
-    return rotas;
-}
-
+// Cada fichero roto del corpus, y el ejemplo cortado tras cada registro o enorme, se rechaza con el
+// aviso y la partida sigue igual; el fichero queda como estaba y el canal, libre.
 TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
-    const std::vector<Rota> rotas = PartidasRotas();
-    ASSERT_EQ(rotas.size(), 68u);
-    for (const Rota& rota : rotas) {
+    std::vector<std::pair<std::string, std::string>> rotas;
+    for (const auto& f : kCorpus)
+        if (f.first.find(".sav") != std::string::npos && f.first != "Ejemplo.sav") rotas.push_back(f);
+    ASSERT_EQ(rotas.size(), 48u);
+    for (std::size_t fin = kEjemplo.find('\n'); fin != std::string::npos; fin = kEjemplo.find('\n', fin + 1))
+        if (fin + 1 < kEjemplo.size())
+            rotas.emplace_back("CortadaTras" + std::to_string(fin), kEjemplo.substr(0, fin + 1));
+    rotas.emplace_back("Enorme", kEjemplo + std::string(100 * 1024, ' '));
+    for (const auto& [nombre, bytes] : rotas) {
         JuegoPrueba jp;
         PartidaEnJuego(jp);
-        jp.p.carpeta.Escribir("rota.sav", rota.bytes);
+        jp.p.carpeta.Escribir("rota.sav", bytes);
         const std::string antes = Foto(jp);
         jp.p.textos = {"rota", ""};
         jp.f().CargarPartida();
-        ASSERT_EQ(1u, jp.p.mensajes.size()) << rota.nombre;
-        EXPECT_EQ(kErrorCarga, jp.p.mensajes[0].texto) << rota.nombre;
-        EXPECT_EQ(vbOKOnly, jp.p.mensajes[0].estilo);
-        EXPECT_EQ("Sabelot", jp.p.mensajes[0].titulo);
-        EXPECT_EQ(antes, Foto(jp)) << rota.nombre;
+        EXPECT_EQ(kErrorCarga + "|0|Sabelot", prueba::Observar(jp)["mensaje1"]) << nombre;
+        EXPECT_EQ(1u, jp.p.mensajes.size()) << nombre;
+        EXPECT_EQ(antes, Foto(jp)) << nombre;
         ASSERT_EQ(2u, jp.p.entradas.size());
         EXPECT_EQ("rota", jp.p.entradas[1].inicial);
         EXPECT_EQ("Cancelado", jp.f().Texto1());
-        EXPECT_EQ(rota.bytes, jp.p.carpeta.Leer("rota.sav")) << rota.nombre;
-        EXPECT_TRUE(jp.juego->canales.Libre() == 1) << rota.nombre << ": canal abierto";
+        EXPECT_EQ(bytes, jp.p.carpeta.Leer("rota.sav")) << nombre;
+        EXPECT_TRUE(jp.juego->canales.Libre() == 1) << nombre << ": canal abierto";
     }
-}
-
-TEST(Partidas, TrasUnaRotaSeCargaLaBuena) {
-    JuegoPrueba jp;
-    PartidaEnJuego(jp);
-    jp.p.carpeta.Escribir("rota.sav", kEjemplo.substr(0, 40));
-    jp.p.carpeta.Escribir("buena.sav", kEjemplo);
-    jp.p.textos = {"rota", "buena"};
-    jp.f().CargarPartida();
-    EXPECT_EQ(std::vector<std::string>{kErrorCarga}, jp.p.TextosMensajes());
-    EXPECT_EQ(2, jp.m().NumJugadores);
-    EXPECT_EQ(37, jp.f().CasillaCursor);
-    EXPECT_EQ("SÁBELOT - Jugador 2", jp.f().Titulo());
 }
 
 TEST(Partidas, UnaPartidaSinOpcionesTambienSeCarga) {
     // La de un juego sin Sabelot.ini: sin quesitos que ganar, sin ficheros y sin canales.
     JuegoPrueba jp;
-    Preparar(jp);
+    Empezar(jp);
     jp.p.textos = {"sin opciones"};
     jp.f().GuardarPartida();
     EXPECT_EQ(0u, jp.p.carpeta.Leer("sin opciones.sav").find("1,0,1\r\n\"\",\"\",0\r\n"));
     jp.p.textos = {"sin opciones"};
     jp.f().CargarPartida();
     EXPECT_TRUE(jp.p.mensajes.empty());
-}
-
-const std::string kErrorGuardar = "Se produjo un error al guardar la partida con ese nombre";
-const std::string kCaracter = ": Probablemente utilizó algún carácter no permitido";
-const std::string kOtroNombre = ". Introduzca un nombre nuevo o pulse en cancelar.";
-
-TEST(Partidas, NombresQueNoSePuedenGuardar) {
-    struct {
-        std::string nombre;
-        bool caracter;
-    } const casos[] = {
-        {"a/b", true},   {"a\\b", true},      {"../fuera", true}, {"a<b", true},
-        {"a>b", true},   {"a:b", true},       {"a\"b", true},     {"a|b", true},
-        {"a?b", true},   {"a*b", true},       {"a\tb", true},     {std::string{'a', '\x01', 'b'}, true},
-        {"..", false},   {"a..b", false},     {"CON", false},     {"nul", false},
-        {"com1", false}, {"Lpt9.sav", false}, {"con.txt", false}, {"AUX .x", false},
-    };
-    for (const auto& caso : casos) {
-        JuegoPrueba jp;
-        PartidaEnJuego(jp);
-        const std::string antes = Foto(jp);
-        jp.p.textos = {caso.nombre, ""};
-        jp.f().GuardarPartida();
-        ASSERT_EQ(1u, jp.p.mensajes.size()) << caso.nombre;
-        EXPECT_EQ(kErrorGuardar + (caso.caracter ? kCaracter : "") + kOtroNombre, jp.p.mensajes[0].texto)
-            << caso.nombre;
-        EXPECT_EQ(vbOKOnly, jp.p.mensajes[0].estilo);
-        EXPECT_EQ("Sabelot", jp.p.mensajes[0].titulo);
-        ASSERT_EQ(2u, jp.p.entradas.size());
-        EXPECT_EQ(caso.nombre, jp.p.entradas[1].inicial);
-        EXPECT_EQ("Cancelado", jp.f().Texto1());
-        EXPECT_EQ(antes, Foto(jp));
-        EXPECT_TRUE(FicherosDeLaCarpeta(jp).empty()) << caso.nombre;
-    }
 }
 
 // Una partida en juego sobre ficheros de verdad que se pueden hacer fallar a propósito.
@@ -509,12 +338,8 @@ TEST(Partidas, CarpetaSinPermisoDeEscritura) {
 }
 
 TEST(Partidas, ProcesoMatadoAMitadDeGuardarDejaLaPartidaAnterior) {
-    SistemaFicherosReal real;
-    FicherosAveriados averiados(real);
-    JuegoPrueba jp;
-    jp.p.ficheros = &averiados;
-    jp.juego = std::make_unique<Juego>(jp.p);
-    PartidaEnJuego(jp);
+    JuegoAveriable a;
+    auto& [real, averiados, jp] = a;
     jp.p.carpeta.Escribir("guardada.sav", kEjemplo);
     averiados.aMitadDeEscribir = [] { raise(SIGKILL); };
     jp.p.textos = {"guardada"};

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "apoyo/datos_prueba.h"
+#include "apoyo/juego_casos.h"
 #include "apoyo/partida_guion.h"
 
 namespace sabelot {
@@ -21,16 +21,6 @@ struct Busqueda {
     int valorEnDado = 0;
 };
 
-std::vector<int> Valores(const std::string& lista) {
-    std::vector<int> v;
-    std::size_t ini = 0;
-    for (std::size_t f = lista.find('_'); f != std::string::npos; f = lista.find('_', ini)) {
-        v.push_back(std::stoi(lista.substr(ini, f - ini)));
-        ini = f + 1;
-    }
-    return v;
-}
-
 class TiradaTest : public ::testing::Test {
 protected:
     TiradaTest() {
@@ -42,7 +32,7 @@ protected:
                 actual_->texto = d.Mensaje;
                 actual_->caminos = j.f().CaminosPendientes;
                 actual_->valorEnDado = d.ValorEnDado;
-                j.m().ValorElegido = Valores(j.m().ListaValores).at(0);
+                j.m().ValorElegido = prueba::Numeros(j.m().ListaValores, '_').at(0);
             } else {
                 j.m().ValorElegido = 1;
             }
@@ -54,6 +44,7 @@ protected:
         Busqueda b;
         actual_ = &b;
         j.f().JugadorActual = 1;
+        j.f().CasillaCursor = 50;  // la tirada sale de la ficha, no del cursor
         j.f().PosicionFicha[1] = casilla;
         j.p.azar = {AzarDado(dado)};
         const int antes = j.p.pitidos;
@@ -96,7 +87,7 @@ TEST_F(TiradaTest, TodasLasCasillasConTodasLasCaras) {
             const Busqueda b = Buscar(casilla, dado);
             EXPECT_EQ(b.lista, lista);
             EXPECT_EQ(static_cast<std::size_t>(std::count(b.texto.begin(), b.texto.end(), '\n')),
-                      Valores(lista).size() + 2);
+                      prueba::Numeros(lista, '_').size() + 2);
             EXPECT_EQ(b.dialogos, 1);
             EXPECT_EQ(b.valorEnDado, dado);
             EXPECT_EQ(b.caminos, 0);
@@ -121,18 +112,12 @@ TEST_F(TiradaTest, UnaEtiquetaPropiaEntraConSusBlancos) {
     j.m().EtiquetaTema[1] = "Películas ";
     Busqueda b = Buscar(11, 5);
     // 16 es el quesito de la categoría 1.
-    EXPECT_EQ(Valores(b.lista), (std::vector<int>{1, 74, 41}));
+    EXPECT_EQ(prueba::Numeros(b.lista, '_'), (std::vector<int>{1, 74, 41}));
     b = Buscar(43, 1);
     EXPECT_EQ(b.texto,
               "Lanzas el dado y sacas un 1.\r\nPuedes ir a casillas de:\r\n"
               " casilla de dados  (derecha )\r\n"
               "Quesito Películas  (izquierda )\r\n");
-}
-
-TEST_F(TiradaTest, LaTiradaEmpiezaEnLaFichaAunqueElCursorEsteEnOtraParte) {
-    j.f().CasillaCursor = 50;
-    Busqueda b = Buscar(1, 1);
-    EXPECT_EQ(b.lista, "7_0_");
 }
 
 TEST_F(TiradaTest, ConUnFicheroQueFaltaNoSeTiraElDado) {
@@ -141,17 +126,15 @@ TEST_F(TiradaTest, ConUnFicheroQueFaltaNoSeTiraElDado) {
     j.p.mensajes.clear();
     j.p.azar = {AzarDado(5)};
     j.f().ResolverTirada();
-    ASSERT_EQ(j.p.mensajes.size(), 1u);
-    EXPECT_EQ(j.p.mensajes[0].texto,
-              "Alguno/s de los ficheros de preguntas seleccionados la última vez no se encuentran "
-              "disponibles en estos momentos. \r\nEntre en el menú de opciones pulsando Control o y "
-              "reajuste su selección de ficheros antes de continuar jugando.");
-    EXPECT_EQ(j.p.mensajes[0].estilo, 48);
-    EXPECT_EQ(j.p.mensajes[0].titulo, "Atención");
+    prueba::Comprobar(
+        prueba::Observar(j),
+        {"mensajes=1", "turno=1",
+         "mensaje1=Alguno/s de los ficheros de preguntas seleccionados la última vez no se encuentran "
+         "disponibles en estos momentos. \r\nEntre en el menú de opciones pulsando Control o y "
+         "reajuste su selección de ficheros antes de continuar jugando.|48|Atención"});
     EXPECT_EQ(j.p.dialogosMostrados, 0);
     EXPECT_EQ(j.p.azar.size(), 1u);  // el dado no se ha tirado
     EXPECT_EQ(j.f().ValorDado, 3);
-    EXPECT_EQ(j.f().JugadorActual, 1);
 }
 
 }  // namespace
