@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "apoyo/datos_prueba.h"
 #include "apoyo/formas_prueba.h"
 #include "apoyo/juego_prueba.h"
@@ -13,16 +11,13 @@ namespace sabelot::prueba {
 namespace {
 
 // Cuenta y apunta el pitido y el texto de la respuesta en cada refresco.
-class VistaCuenta : public VistaDialog1 {
-public:
-    int refrescos = 0, ocultaciones = 0;
-    const PlataformaGuion* p = nullptr;
-    const Dialog1* d = nullptr;
+struct VistaCuenta : VistaDialog1 {
+    VistaCuenta(const PlataformaGuion& p, const Dialog1& d) : p(p), d(d) {}
+    const PlataformaGuion& p;
+    const Dialog1& d;
+    int ocultaciones = 0;
     std::pair<int, std::string> visto;
-    void Refrescar() override {
-        ++refrescos;
-        if (p && d) visto = {p->pitidos, d->Text2};
-    }
+    void Refrescar() override { visto = {p.pitidos, d.Text2}; }
     void Ocultar() override { ++ocultaciones; }
 };
 
@@ -42,13 +37,10 @@ protected:
     }
     // Muestra el diálogo y lo deja abierto con la pregunta leída, sin contestar.
     void Abrir(int tema) {
-        p.alMostrarDialog1 = [](Dialog1& dd) {
-            dd.Visible = true;
-            dd.Form_Activate();
-        };
         d.NTema = tema;
         p.azar.push_back(0.0);
-        p.MostrarDialog1(d);
+        d.Visible = true;
+        d.Form_Activate();
     }
     // Una tecla a Text2; devuelve el código como queda.
     int Tecla(int codigo) {
@@ -92,9 +84,7 @@ TEST_F(Dialogo1, SemillaDelRelojYTemaFueraDeRango) {
 // Los pasos de tests/datos/dialog1_teclas.txt, seguidos. La vista se refresca tras el pitido y el texto
 // nuevo, y se oculta al juzgar.
 TEST_F(Dialogo1, TeclasDeLasRespuestas) {
-    VistaCuenta vista;
-    vista.p = &p;
-    vista.d = &d;
+    VistaCuenta vista(p, d);
     d.PonerVista(&vista);
     for (const std::string& fila : LineasDeDatos("dialog1_teclas.txt")) {
         const auto c = Campos(fila);
@@ -118,30 +108,28 @@ TEST_F(Dialogo1, TeclasDeLasRespuestas) {
     EXPECT_EQ(1, vista.ocultaciones);
 }
 
-// Los de tests/datos/dialog1_veredictos.txt, en la última categoría, que también cuenta.
+// Los de tests/datos/dialog1_veredictos.txt, cada uno en su categoría: la última también cuenta.
 TEST_F(Dialogo1, Veredictos) {
+    int tema = 0;
     for (const std::string& fila : LineasDeDatos("dialog1_veredictos.txt")) {
         SCOPED_TRACE(fila);
         const auto c = Campos(fila);
-        canales.CerrarTodos();
-        m.TotalMazo[6] = 0;
-        m.MazoUsado[6].clear();
-        m.CuentaMazo[6] = 5;
-        Poner(6, Qzf(Campos(c[1], '|')));
-        Abrir(6);
+        m.CuentaMazo[static_cast<std::size_t>(++tema)] = 5;
+        Poner(tema, Qzf(Campos(c[1], '|')));
+        Abrir(tema);
         d.RespuestaCorrecta = c[3] != "1";
         bool visibleAlDecirlo = false;
         p.alMensaje = [&](const PlataformaGuion::Mensaje&) { visibleAlDecirlo = d.Visible; };
-        std::istringstream teclas(c[0]);
-        for (int t = 0; teclas >> t;) Tecla(t);
+        for (const std::string& t : Campos(c[0], ' ')) Tecla(std::stoi(t));
         p.alMensaje = nullptr;
         UnAviso(p, c[2], vbOKOnly);
         EXPECT_TRUE(visibleAlDecirlo);
         EXPECT_EQ(c[3] == "1", d.RespuestaCorrecta);
         EXPECT_FALSE(d.Visible);
         // La cuenta se puso a 0 al contar el fichero; sube una por pregunta juzgada.
-        EXPECT_EQ(1, m.CuentaMazo[6]);
+        EXPECT_EQ(1, m.CuentaMazo[static_cast<std::size_t>(tema)]);
     }
+    EXPECT_EQ(tema, 6);
 }
 
 // El mensaje de la vuelta sale con el diálogo abierto, antes de la pregunta nueva.
@@ -164,7 +152,7 @@ TEST_F(Dialogo1, VueltaAlMazoConElDialogoAbierto) {
 
 // Sin fichero no hay pregunta: el diálogo se cierra enseguida y no cuenta nada.
 TEST_F(Dialogo1, SinFicheroSeCierraSinContar) {
-    VistaCuenta vista;
+    VistaCuenta vista(p, d);
     d.PonerVista(&vista);
     d.RespuestaCorrecta = true;
     p.MostrarDialog1(d);
@@ -173,8 +161,7 @@ TEST_F(Dialogo1, SinFicheroSeCierraSinContar) {
     EXPECT_FALSE(d.RespuestaCorrecta || d.Visible);
     EXPECT_EQ(1, vista.ocultaciones);
     EXPECT_EQ(0, m.CuentaMazo[1]);
-    EXPECT_EQ("Text1", d.Text2);
-    EXPECT_EQ("Pregunta de Cine", d.Titulo);
+    EXPECT_EQ("Pregunta de Cine|Text1", d.Titulo + "|" + d.Text2);
     // Y la vez siguiente, con el fichero ya puesto, pregunta normalmente.
     Poner(1, kTres);
     p.respuestas = {2};

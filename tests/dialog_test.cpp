@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "apoyo/formas_prueba.h"
 
@@ -36,9 +37,10 @@ protected:
         }
         return v;
     }
-    // Cargado y con los siete botones como salen del diseño.
-    void ComoRecienCargado() const {
+    // Cargado, con ese título y con los siete botones como salen del diseño.
+    void ComoRecienCargado(const std::string& titulo) const {
         EXPECT_TRUE(d.Cargado);
+        EXPECT_EQ(d.Titulo, titulo);
         for (const auto& b : d.Command1) EXPECT_TRUE(b.Caption == "Command1" && b.Visible && b.Enabled);
     }
 };
@@ -62,8 +64,7 @@ TEST_P(DisposicionTest, BotonesFocoYValorElegido) {
     EXPECT_EQ(Botones(), c.botones);
     EXPECT_EQ(d.Foco, c.foco);
     EXPECT_EQ(d.NumOpciones, static_cast<int>(7 - std::count(c.botones.begin(), c.botones.end(), "-")));
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(m.ValorElegido, -1);
+    EXPECT_EQ(std::make_pair(d.Cargado, m.ValorElegido), std::make_pair(true, -1));
     d.Command1_Click(c.pulsado);
     // También el centro del tablero (0) se elige sin preguntar nada.
     EXPECT_EQ(m.ValorElegido, c.elegido);
@@ -92,9 +93,7 @@ TEST_F(DialogTest, CerrarSinElegirPreguntaSiSeAbandona) {
     EXPECT_TRUE(d.Form_QueryUnload());
     UnAviso(p, kSalir, vbYesNo);
     EXPECT_EQ(Botones(), antes);
-    EXPECT_EQ(d.Foco, 0);
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(m.ValorElegido, -1);
+    EXPECT_EQ(std::make_tuple(d.Foco, d.Cargado, m.ValorElegido), std::make_tuple(0, true, -1));
     // Con Sí se acaba el programa.
     p.siNo = {vbYes};
     EXPECT_THROW(d.Form_QueryUnload(), ProgramaTerminado);
@@ -116,8 +115,8 @@ TEST_F(DialogTest, TrasElegirSeCierraSinPreguntarYDescargaLaVista) {
     EXPECT_FALSE(d.Form_QueryUnload());
     EXPECT_TRUE(p.mensajes.empty());
     d.Form_Load();
-    EXPECT_EQ(d.Titulo + "|" + d.Text1, "Mover ficha|");
-    ComoRecienCargado();
+    EXPECT_EQ(d.Text1, "");
+    ComoRecienCargado("Mover ficha");
 }
 
 // Sin mensaje pita; sin los dos puntos avisa del error. Las dos veces pide cerrar y, si no, sigue
@@ -127,19 +126,16 @@ TEST_F(DialogTest, MensajeQueNoSirve) {
     Abrir(3, "1_", "");
     EXPECT_EQ(p.pitidos, 1);
     UnAviso(p, kSalir, vbYesNo);
-    EXPECT_EQ(d.Titulo, "Mover ficha");
     EXPECT_EQ(m.ValorElegido, -1);
-    ComoRecienCargado();
+    ComoRecienCargado("Mover ficha");
 
     p.siNo = {vbNo};
     Abrir(3, "1_2_", "Sin lista\r\na\r\nb\r\n");
     EXPECT_EQ(p.TextosMensajes(),
               (std::vector<std::string>{"Error: no se envió el texto del mensaje", kSalir}));
-    EXPECT_EQ(p.mensajes[0].estilo, vbOKOnly);
-    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
-    EXPECT_EQ(d.Titulo, "3");
+    EXPECT_EQ(std::to_string(p.mensajes[0].estilo) + " " + p.mensajes[0].titulo, "0 Sabelot");
     EXPECT_EQ(m.ValorElegido, -1);
-    ComoRecienCargado();
+    ComoRecienCargado("3");
 
     p.siNo = {vbYes};
     EXPECT_THROW(Abrir(3, "1_", ""), ProgramaTerminado);
@@ -163,7 +159,7 @@ TEST_F(DialogTest, ListasFueraDeLoQueSeEspera) {
         EXPECT_DEBUG_DEATH(Abrir(3, c.lista, c.mensaje), "");
 #ifdef NDEBUG
         if (c.botones.empty())
-            ComoRecienCargado();
+            ComoRecienCargado("3");
         else
             EXPECT_EQ(Botones(), c.botones);
 #endif

@@ -67,18 +67,24 @@ struct Jugador : Entorno {
         Tecla(C::List2_0, "Inicio");
         Tecla(C::List2_0, "Abajo*" + std::to_string(n));
     }
-    // Categoría, Tab a los ficheros, abajo hasta uno y Tab a las etiquetas.
+    // Categoría, Tab a los ficheros, abajo hasta uno (o ninguno, con -1) y Tab a las etiquetas.
     void ElegirFichero(int categoria, int fichero) {
         Categoria(categoria);
         d->CambiarFoco(C::List2_1);
-        Tecla(C::List2_1, "Inicio");
-        Tecla(C::List2_1, "Abajo*" + std::to_string(fichero));
+        if (fichero >= 0) Tecla(C::List2_1, "Inicio");
+        if (fichero >= 0) Tecla(C::List2_1, "Abajo*" + std::to_string(fichero));
         d->CambiarFoco(C::List2_2);
     }
     void Etiqueta(int categoria, const std::string& tecla, const std::string& texto = "") {
         Categoria(categoria);
         d->CambiarFoco(C::List2_2);
         Tecla(C::List2_2, tecla, texto);
+    }
+    // Otra ejecución del juego: las opciones de Sabelot.ini y el diálogo sin cargar.
+    void Arrancar() {
+        m = Module1{};
+        LeerOpciones(m, p, canales);
+        d = std::make_unique<DlgOpciones>(m, p, canales);
     }
     void Paso(std::vector<std::string> c) {
         c.resize(3);
@@ -87,42 +93,22 @@ struct Jugador : Entorno {
         // Entre comillas, el texto lleva sus blancos de los extremos.
         if (c[2].size() > 1 && c[2].front() == '"' && c[2].back() == '"')
             c[2] = c[2].substr(1, c[2].size() - 2);
-        if (a == "Copiar")
-            Copiar(c[1]);
-        else if (a == "Escribir")
-            p.carpeta.Escribir(c[1], "");
-        else if (a == "Ini")
-            p.carpeta.Escribir("Sabelot.ini", IniDeDatos(c[1]));
-        else if (a == "Leer")
-            LeerOpciones(m, p, canales);
-        else if (a == "Arrancar") {
-            m = Module1{};
-            LeerOpciones(m, p, canales);
-            d = std::make_unique<DlgOpciones>(m, p, canales);
-        } else if (a == "Mostrar")
-            d->Mostrar();
-        else if (a == "Descargar")
-            d->Descargar();
-        else if (a == "Pulsar")
-            d->Pulsar(Control(c[1]));
-        else if (a == "Tab")
-            d->CambiarFoco(Control(c[1]));
-        else if (a == "FilaDeEtiquetas")
-            d->List2[2].ListIndex = n;
-        else if (a == "Categoria")
-            Categoria(n);
-        else if (a == "Fichero")
-            ElegirFichero(n, std::stoi(c[2]));
-        else if (a == "PasarPorFicheros") {
-            Categoria(n);
-            d->CambiarFoco(C::List2_1);
-            d->CambiarFoco(C::List2_2);
-        } else if (a == "Etiqueta")
-            Etiqueta(n, "F2", c[2]);
-        else if (a == "Suprimir")
-            Etiqueta(n, "Supr");
-        else
-            Tecla(Control(a), c[1], c[2]);
+        if (a == "Copiar") return Copiar(c[1]);
+        if (a == "Escribir") return p.carpeta.Escribir(c[1], "");
+        if (a == "Ini") return p.carpeta.Escribir("Sabelot.ini", IniDeDatos(c[1]));
+        if (a == "Leer") return LeerOpciones(m, p, canales);
+        if (a == "Arrancar") return Arrancar();
+        if (a == "Mostrar") return d->Mostrar();
+        if (a == "Descargar") return d->Descargar();
+        if (a == "Pulsar") return d->Pulsar(Control(c[1]));
+        if (a == "Tab") return d->CambiarFoco(Control(c[1]));
+        if (a == "FilaDeEtiquetas") return void(d->List2[2].ListIndex = n);
+        if (a == "Categoria") return Categoria(n);
+        if (a == "Fichero") return ElegirFichero(n, std::stoi(c[2]));
+        if (a == "PasarPorFicheros") return ElegirFichero(n, -1);
+        if (a == "Etiqueta") return Etiqueta(n, "F2", c[2]);
+        if (a == "Suprimir") return Etiqueta(n, "Supr");
+        Tecla(Control(a), c[1], c[2]);
     }
     std::string Ver(const std::string& que) {
         if (que == "Filas") {
@@ -290,9 +276,8 @@ TEST(DlgOpciones, SiNoSePuedeGuardarSeAvisaYValenParaLaSesion) {
         const std::string ini = "1,6\r\n\"cine\",\"Cine \",1\r\n";
         if (protegido) {
             e.p.carpeta.Escribir("Sabelot.ini", ini);
-            namespace fs = std::filesystem;
-            fs::permissions(e.p.carpeta.Ruta() + "/Sabelot.ini",
-                            fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+            std::filesystem::permissions(e.p.carpeta.Ruta() + "/Sabelot.ini",
+                                         std::filesystem::perms::owner_read);
         }
         DlgOpciones d(e.m, e.p, e.canales);
         d.Mostrar();

@@ -9,15 +9,20 @@
 namespace sabelot::prueba {
 namespace {
 
-// Los de tests/datos/opciones.txt: se leen todos sus campos y se vuelven a escribir iguales.
+// Los de tests/datos/opciones.txt: se leen todos sus campos, con el primer canal libre que después se
+// cierra, y se vuelven a escribir iguales.
 TEST(Opciones, LeidoYEscritoIgualByteAByte) {
     const auto filas = LineasDeDatos("opciones.txt");
     ASSERT_EQ(filas.size(), 2u);
     for (const std::string& fila : filas) {
         Entorno e;
+        e.p.carpeta.Escribir("preguntas/a.qzf", "x\r\n");
+        for (int canal : {1, 2})
+            ASSERT_EQ(0, e.canales.Abrir(canal, Ruta(e.p.carpeta.Ruta(), {"preguntas", "a.qzf"})));
         e.p.carpeta.Escribir("Sabelot.ini", IniDeDatos(fila));
         LeerOpciones(e.m, e.p, e.canales);
         EXPECT_EQ(Opciones(e.m), fila);
+        EXPECT_EQ(3, e.canales.Libre());
         e.p.carpeta.Escribir("Sabelot.ini", "");
         // Dos veces lo mismo, el mismo fichero; y ningún temporal al lado.
         for (int vez = 0; vez < 2; ++vez) {
@@ -26,19 +31,6 @@ TEST(Opciones, LeidoYEscritoIgualByteAByte) {
         }
         EXPECT_EQ(e.p.Ficheros().Listar(e.p.carpeta.Ruta(), ""), std::vector<std::string>{"Sabelot.ini"});
     }
-}
-
-TEST(Opciones, UsaElPrimerCanalLibreYLoCierra) {
-    Entorno e;
-    e.p.carpeta.Escribir("preguntas/a.qzf", "x\r\n");
-    const std::string qzf = Ruta(e.p.carpeta.Ruta(), {"preguntas", "a.qzf"});
-    ASSERT_EQ(0, e.canales.Abrir(1, qzf));
-    ASSERT_EQ(0, e.canales.Abrir(2, qzf));
-    e.p.carpeta.Escribir("Sabelot.ini", IniDeDatos(LineasDeDatos("opciones.txt")[0]));
-    LeerOpciones(e.m, e.p, e.canales);
-    EXPECT_EQ(3, e.m.NumJugadores);
-    EXPECT_TRUE(e.canales.Abierto(1) && e.canales.Abierto(2));
-    EXPECT_EQ(3, e.canales.Libre());
 }
 
 // Cada Sabelot.ini roto de tests/corpus/opciones_rotas, uno enorme o ninguno: se ignora entero, y
