@@ -4,25 +4,20 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
-#include "apoyo/plataforma_guion.h"
+#include "apoyo/formas_prueba.h"
 
-namespace sabelot {
+namespace sabelot::prueba {
 namespace {
 
-using prueba::PlataformaGuion;
-using prueba::ProgramaTerminado;
-
-class VistaCuenta : public VistaDialog {
-public:
-    int refrescos = 0, descargas = 0;
-    void Refrescar() override { ++refrescos; }
-    void Descargar() override { ++descargas; }
-};
+const std::string kSalir = "¿Realmente desea abandonar el juego?";
 
 class DialogTest : public ::testing::Test {
 protected:
-    DialogTest() : d(m, p) {}
+    Module1 m;
+    PlataformaGuion p;
+    Dialog d{m, p};
 
     // Carga y activa con estas opciones.
     void Abrir(int valorEnDado, const std::string& lista, const std::string& mensaje) {
@@ -32,7 +27,6 @@ protected:
         d.Form_Load();
         d.Form_Activate();
     }
-
     // "rótulo=valor" de cada botón visible, o "-" si está oculto.
     std::vector<std::string> Botones() const {
         std::vector<std::string> v;
@@ -43,18 +37,18 @@ protected:
         }
         return v;
     }
-
-    Module1 m;
-    PlataformaGuion p;
-    Dialog d;
+    // Cargado, con ese título y con los siete botones como salen del diseño.
+    void ComoRecienCargado(const std::string& titulo) const {
+        EXPECT_TRUE(d.Cargado);
+        EXPECT_EQ(d.Titulo, titulo);
+        for (const auto& b : d.Command1) EXPECT_TRUE(b.Caption == "Command1" && b.Visible && b.Enabled);
+    }
 };
-
-const std::string kCabeza = "Lanzas el dado y sacas un 4.\r\nPuedes ir a casillas de:\r\n";
 
 // Dónde va cada opción según cuántas hay; el foco en la primera visible; hay que pulsar.
 struct Disposicion {
     int valorEnDado;
-    std::string lista, lineas;
+    std::string titulo, lista, lineas;
     std::vector<std::string> botones;
     int foco, pulsado, elegido;
 };
@@ -63,12 +57,14 @@ class DisposicionTest : public DialogTest, public ::testing::WithParamInterface<
 
 TEST_P(DisposicionTest, BotonesFocoYValorElegido) {
     const Disposicion& c = GetParam();
-    Abrir(c.valorEnDado, c.lista, kCabeza + c.lineas);
+    // Solo cuentan los primeros dos puntos: los de una opción son de su texto.
+    Abrir(c.valorEnDado, c.lista, "Puedes ir a casillas de:\r\n" + c.lineas);
+    EXPECT_EQ(d.Titulo, c.titulo);
+    EXPECT_EQ(d.Text1, "Puedes ir a casillas de:\r\n" + c.lineas + "\r\nElige una opción.");
     EXPECT_EQ(Botones(), c.botones);
     EXPECT_EQ(d.Foco, c.foco);
     EXPECT_EQ(d.NumOpciones, static_cast<int>(7 - std::count(c.botones.begin(), c.botones.end(), "-")));
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(m.ValorElegido, -1);
+    EXPECT_EQ(std::make_pair(d.Cargado, m.ValorElegido), std::make_pair(true, -1));
     d.Command1_Click(c.pulsado);
     // También el centro del tablero (0) se elige sin preguntar nada.
     EXPECT_EQ(m.ValorElegido, c.elegido);
@@ -76,128 +72,73 @@ TEST_P(DisposicionTest, BotonesFocoYValorElegido) {
     EXPECT_TRUE(p.mensajes.empty());
 }
 
-const std::vector<std::string> kDos = {"-", "Centro (arriba )=0", "Otra (abajo )=14", "-", "-", "-", "-"};
+const std::vector<std::string> kDos = {"-", " Cine =0", " Historia  =14", "-", "-", "-", "-"};
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialog, DisposicionTest,
-    ::testing::Values(
-        Disposicion{
-            4, "21_", "Uno (abajo )\r\n", {"Uno (abajo )=21", "-", "-", "-", "-", "-", "-"}, 0, 0, 21},
-        Disposicion{2, "0_14_", "Centro (arriba )\r\nOtra (abajo )\r\n", kDos, 1, 1, 0},
-        Disposicion{2, "0_14_", "Centro (arriba )\r\nOtra (abajo )\r\n", kDos, 1, 2, 14},
-        Disposicion{
-            3, "40_45_14_", "a\r\nb\r\nc\r\n", {"a=40", "b=45", "c=14", "-", "-", "-", "-"}, 0, 2, 14},
-        Disposicion{6,
-                    "15_20_25_30_35_78_37_",
-                    "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n",
-                    {"1=15", "2=20", "3=25", "4=30", "5=35", "6=78", "7=37"},
-                    0,
-                    6,
-                    37}));
-
-TEST_F(DialogTest, TituloSegunValorEnDado) {
-    const struct {
-        int valor;
-        const char* titulo;
-    } casos[] = {{1, "1"},           {6, "6"},           {-1, "Casilla central"}, {-2, "PRUEBA FINAL"},
-                 {0, "Mover ficha"}, {-3, "Mover ficha"}};
-    for (const auto& c : casos) {
-        Abrir(c.valor, "1_", "Elija:\r\nx\r\n");
-        EXPECT_EQ(d.Titulo, c.titulo) << c.valor;
-    }
-}
-
-TEST_F(DialogTest, ElTextoRepiteLaOfertaYPideElegir) {
-    Abrir(-1, "1_2_", "Elija sobre qué categoría:\r\n Cine \r\n Historia \r\n");
-    EXPECT_EQ(d.Text1, "Elija sobre qué categoría:\r\n Cine \r\n Historia \r\n\r\nElige una opción.");
-    EXPECT_EQ(Botones(), (std::vector<std::string>{"-", " Cine =1", " Historia =2", "-", "-", "-", "-"}));
-}
-
-TEST_F(DialogTest, SoloCuentanLosPrimerosDosPuntos) {
-    Abrir(1, "3_4_", "Elige:\r\nUno: el primero\r\nDos\r\n");
-    EXPECT_EQ(d.TextoOpcion[0], "Uno: el primero");
-    EXPECT_EQ(d.TextoOpcion[1], "Dos");
-}
-
-TEST_F(DialogTest, CadaCargaEmpiezaDeCero) {
-    Abrir(3, "5_", "Elige:\r\nx\r\n");
-    d.Command1_Click(0);
-    d.Form_Load();
-    EXPECT_EQ(d.Titulo, "Mover ficha");
-    EXPECT_EQ(d.Text1, "");
-    for (const auto& b : d.Command1) {
-        EXPECT_EQ(b.Caption, "Command1");
-        EXPECT_TRUE(b.Visible);
-        EXPECT_TRUE(b.Enabled);
-    }
-    EXPECT_TRUE(d.Cargado);
-}
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Dialog, DisposicionTest, ::testing::Values(
+    Disposicion{1, "1", "21_", "Uno: el primero\r\n", {"Uno: el primero=21", "-", "-", "-", "-", "-", "-"}, 0, 0, 21},
+    Disposicion{-1, "Casilla central", "0_14_", " Cine \r\n Historia  \r\n", kDos, 1, 1, 0},
+    Disposicion{-2, "PRUEBA FINAL", "0_14_", " Cine \r\n Historia  \r\n", kDos, 1, 2, 14},
+    Disposicion{0, "Mover ficha", "40_45_14_", "a\r\nb\r\nc\r\n", {"a=40", "b=45", "c=14", "-", "-", "-", "-"}, 0, 2, 14},
+    Disposicion{-3, "Mover ficha", "15_20_25_30_35_78_37_", "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n",
+                {"1=15", "2=20", "3=25", "4=30", "5=35", "6=78", "7=37"}, 0, 6, 37}));
+// clang-format on
 
 TEST_F(DialogTest, CerrarSinElegirPreguntaSiSeAbandona) {
-    Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
+    Abrir(3, "40_45_14_", "Elige:\r\na\r\nb\r\nc\r\n");
     const auto antes = Botones();
+    // Un botón oculto o que no existe no se puede pulsar.
+    for (int i : {3, 6, 9, -1}) d.Command1_Click(i);
     p.siNo = {vbNo};
     EXPECT_TRUE(d.Form_QueryUnload());
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto, "¿Realmente desea abandonar el juego?");
-    EXPECT_EQ(p.mensajes[0].estilo, 4);
-    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
+    UnAviso(p, kSalir, vbYesNo);
     EXPECT_EQ(Botones(), antes);
-    EXPECT_EQ(d.Foco, 0);
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(m.ValorElegido, -1);
+    EXPECT_EQ(std::make_tuple(d.Foco, d.Cargado, m.ValorElegido), std::make_tuple(0, true, -1));
     // Con Sí se acaba el programa.
     p.siNo = {vbYes};
     EXPECT_THROW(d.Form_QueryUnload(), ProgramaTerminado);
 }
 
+// Tras elegir se cierra sin preguntar; la carga siguiente empieza de cero.
 TEST_F(DialogTest, TrasElegirSeCierraSinPreguntarYDescargaLaVista) {
-    VistaCuenta vista;
+    struct : VistaDialog {
+        int refrescos = 0, descargas = 0;
+        void Refrescar() override { ++refrescos; }
+        void Descargar() override { ++descargas; }
+    } vista;
     d.PonerVista(&vista);
-    Abrir(3, "40_45_14_", kCabeza + "a\r\nb\r\nc\r\n");
+    Abrir(3, "40_45_14_", "Elige:\r\na\r\nb\r\nc\r\n");
     EXPECT_GE(vista.refrescos, 2);
     EXPECT_EQ(vista.descargas, 0);
     d.Command1_Click(1);
     EXPECT_EQ(vista.descargas, 1);
     EXPECT_FALSE(d.Form_QueryUnload());
     EXPECT_TRUE(p.mensajes.empty());
+    d.Form_Load();
+    EXPECT_EQ(d.Text1, "");
+    ComoRecienCargado("Mover ficha");
 }
 
-TEST_F(DialogTest, MensajeVacioPitaYPideCerrar) {
+// Sin mensaje pita; sin los dos puntos avisa del error. Las dos veces pide cerrar y, si no, sigue
+// como se cargó.
+TEST_F(DialogTest, MensajeQueNoSirve) {
     p.siNo = {vbNo};
     Abrir(3, "1_", "");
     EXPECT_EQ(p.pitidos, 1);
+    UnAviso(p, kSalir, vbYesNo);
     EXPECT_EQ(m.ValorElegido, -1);
-    EXPECT_EQ(p.TextosMensajes(), std::vector<std::string>{"¿Realmente desea abandonar el juego?"});
-    // Dijo que no: sigue abierto tal como se cargó.
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(d.Titulo, "Mover ficha");
-    EXPECT_EQ(d.Command1[6].Caption, "Command1");
+    ComoRecienCargado("Mover ficha");
+
+    p.siNo = {vbNo};
+    Abrir(3, "1_2_", "Sin lista\r\na\r\nb\r\n");
+    EXPECT_EQ(p.TextosMensajes(),
+              (std::vector<std::string>{"Error: no se envió el texto del mensaje", kSalir}));
+    EXPECT_EQ(std::to_string(p.mensajes[0].estilo) + " " + p.mensajes[0].titulo, "0 Sabelot");
+    EXPECT_EQ(m.ValorElegido, -1);
+    ComoRecienCargado("3");
 
     p.siNo = {vbYes};
     EXPECT_THROW(Abrir(3, "1_", ""), ProgramaTerminado);
-}
-
-TEST_F(DialogTest, MensajeSinDosPuntosAvisaDelError) {
-    p.siNo = {vbNo};
-    Abrir(3, "1_2_", "Sin lista\r\na\r\nb\r\n");
-    EXPECT_EQ(p.TextosMensajes(), (std::vector<std::string>{"Error: no se envió el texto del mensaje",
-                                                            "¿Realmente desea abandonar el juego?"}));
-    EXPECT_EQ(p.mensajes[0].estilo, 0);
-    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
-    EXPECT_EQ(m.ValorElegido, -1);
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(d.Titulo, "3");
-    EXPECT_EQ(d.Command1[0].Caption, "Command1");
-}
-
-TEST_F(DialogTest, UnBotonOcultoNoSePuedePulsar) {
-    Abrir(2, "7_8_", "Elige:\r\nx\r\ny\r\n");
-    d.Command1_Click(0);
-    d.Command1_Click(5);
-    d.Command1_Click(9);
-    EXPECT_TRUE(d.Cargado);
-    EXPECT_EQ(m.ValorElegido, -1);
 }
 
 // Fuera de lo que mandan los llamadores: se avisa al depurar y, si no, se ponen los botones que se
@@ -217,15 +158,13 @@ TEST_F(DialogTest, ListasFueraDeLoQueSeEspera) {
         SCOPED_TRACE(c.lista);
         EXPECT_DEBUG_DEATH(Abrir(3, c.lista, c.mensaje), "");
 #ifdef NDEBUG
-        if (c.botones.empty()) {
-            EXPECT_EQ(d.Command1[0].Caption, "Command1");
-            EXPECT_TRUE(d.Command1[6].Visible);
-        } else {
+        if (c.botones.empty())
+            ComoRecienCargado("3");
+        else
             EXPECT_EQ(Botones(), c.botones);
-        }
 #endif
     }
 }
 
 }  // namespace
-}  // namespace sabelot
+}  // namespace sabelot::prueba
