@@ -1,18 +1,13 @@
 // Partidas guardadas: el formato exacto, la carga que no estropea nada y los nombres.
+#include "storage/partidas.h"
+
 #include <gtest/gtest.h>
-#ifndef _WIN32
-#include <signal.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 #include <algorithm>
 #include <filesystem>
 
 #include "apoyo/ficheros_averiados.h"
 #include "apoyo/juego_casos.h"
-#include "storage/partidas.h"
 
 namespace sabelot {
 namespace {
@@ -178,17 +173,6 @@ TEST(Partidas, ElNombreNoDistingueMayusculas) {
     EXPECT_EQ(std::vector<std::string>{"Ñandú1.sav"}, FicherosDeLaCarpeta(jp)) << "la misma, no otra";
 }
 
-TEST(Partidas, GuardarEncimaBorraLoAnterior) {
-    JuegoPrueba jp;
-    PartidaEnJuego(jp);
-    jp.p.carpeta.Escribir("vieja.sav", kEjemplo + kEjemplo);
-    jp.p.textos = {"vieja"};
-    jp.f().GuardarPartida();
-    const std::string bytes = jp.p.carpeta.Leer("vieja.sav");
-    EXPECT_EQ(7 + 7 * 3, std::count(bytes.begin(), bytes.end(), '\n'));
-    EXPECT_EQ(0u, bytes.find("3,5,3\r\n\"f1\",\"Etiqueta 1 \",1\r\n"));
-}
-
 // Lo que no se encuentra o no se puede cargar se vuelve a preguntar con lo escrito, hasta la buena.
 TEST(Partidas, CargaQueNoEncuentraVuelveAPreguntarConLoEscrito) {
     JuegoPrueba jp;
@@ -236,18 +220,6 @@ TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
         EXPECT_EQ(bytes, jp.p.carpeta.Leer("rota.sav")) << nombre;
         EXPECT_TRUE(jp.juego->canales.Libre() == 1) << nombre << ": canal abierto";
     }
-}
-
-TEST(Partidas, UnaPartidaSinOpcionesTambienSeCarga) {
-    // La de un juego sin Sabelot.ini: sin quesitos que ganar, sin ficheros y sin canales.
-    JuegoPrueba jp;
-    Empezar(jp);
-    jp.p.textos = {"sin opciones"};
-    jp.f().GuardarPartida();
-    EXPECT_EQ(0u, jp.p.carpeta.Leer("sin opciones.sav").find("1,0,1\r\n\"\",\"\",0\r\n"));
-    jp.p.textos = {"sin opciones"};
-    jp.f().CargarPartida();
-    EXPECT_TRUE(jp.p.mensajes.empty());
 }
 
 // Una partida en juego sobre ficheros de verdad que se pueden hacer fallar a propósito.
@@ -316,61 +288,6 @@ TEST(Partidas, DosCopiasGuardanALaVezYCadaUnaOyeLoQuePaso) {
         EXPECT_EQ(primeraFalla ? 2 : 3, jp.m().NumJugadores);
     }
 }
-
-// Las dos que siguen necesitan permisos y procesos de POSIX (chmod, fork): en Windows no
-// hay carpetas de solo lectura para su dueño ni fork.
-#ifndef _WIN32
-TEST(Partidas, CarpetaSinPermisoDeEscritura) {
-    if (geteuid() == 0) GTEST_SKIP() << "como root se puede escribir en cualquier carpeta";
-    JuegoPrueba jp;
-    PartidaEnJuego(jp);
-    jp.p.carpeta.Escribir("vieja.sav", kEjemplo);
-    ASSERT_EQ(0, chmod(jp.p.carpeta.Ruta().c_str(), 0555));
-    const std::string antes = Foto(jp);
-    jp.p.textos = {"vieja", "nueva", ""};
-    jp.f().GuardarPartida();
-    chmod(jp.p.carpeta.Ruta().c_str(), 0755);
-    EXPECT_EQ((std::vector<std::string>{kErrorGuardar + kOtroNombre, kErrorGuardar + kOtroNombre}),
-              jp.p.TextosMensajes());
-    EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("vieja.sav"));
-    EXPECT_EQ(std::vector<std::string>{"vieja.sav"}, FicherosDeLaCarpeta(jp));
-    EXPECT_EQ(antes, Foto(jp));
-}
-
-TEST(Partidas, ProcesoMatadoAMitadDeGuardarDejaLaPartidaAnterior) {
-    JuegoAveriable a;
-    auto& [real, averiados, jp] = a;
-    jp.p.carpeta.Escribir("guardada.sav", kEjemplo);
-    averiados.aMitadDeEscribir = [] { raise(SIGKILL); };
-    jp.p.textos = {"guardada"};
-
-    fflush(nullptr);
-    const pid_t hijo = fork();
-    ASSERT_NE(-1, hijo);
-    if (hijo == 0) {
-        jp.f().GuardarPartida();
-        _exit(0);  // no debería llegar aquí
-    }
-    int estado = 0;
-    ASSERT_EQ(hijo, waitpid(hijo, &estado, 0));
-    ASSERT_TRUE(WIFSIGNALED(estado));
-    EXPECT_EQ(SIGKILL, WTERMSIG(estado));
-    EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
-
-    // Lo que quedó a medias (un fichero oculto con otro nombre) no estorba para cargar la
-    // partida ni para volver a guardar.
-    averiados.aMitadDeEscribir = nullptr;
-    jp.p.textos = {"guardada"};
-    jp.f().CargarPartida();
-    EXPECT_TRUE(jp.p.mensajes.empty());
-    EXPECT_EQ(2, jp.m().NumJugadores);
-    jp.p.textos = {"guardada"};
-    jp.f().GuardarPartida();
-    EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
-    for (const std::string& f : FicherosDeLaCarpeta(jp)) EXPECT_TRUE(f == "guardada.sav" || f[0] == '.') << f;
-}
-
-#endif  // _WIN32
 
 }  // namespace
 }  // namespace sabelot

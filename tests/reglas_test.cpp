@@ -1,14 +1,27 @@
 // Mover la ficha, las preguntas, los quesitos, el turno y la casilla central: las partidas con
-// guion de tests/datos/reglas.txt.
+// guion de tests/datos/reglas.txt. El dado, la casilla elegida y el veredicto de cada pregunta se
+// dan por adelantado, sin leer preguntas.
 #include <gtest/gtest.h>
 
+#include <deque>
+
 #include "apoyo/juego_casos.h"
-#include "apoyo/partida_guion.h"
 
 namespace sabelot {
 namespace {
 
 using prueba::Partir;
+
+// Lo que la ventana principal recibe de la lógica, en orden.
+struct VistaApunte : VistaForm1 {
+    std::string hechos;
+    void PonerTexto1(const std::string&) override {}
+    void PonerTitulo(const std::string&) override {}
+    void Mostrar() override { hechos += (hechos.empty() ? "" : ",") + std::string("Mostrar"); }
+    void Ocultar() override { hechos += (hechos.empty() ? "" : ",") + std::string("Ocultar"); }
+    bool FocoEnPicture1() override { return true; }
+    void FocoAPicture1() override {}
+};
 
 // El valor de una clave de la preparación, o el dado si no está.
 std::string Valor(const std::string& preparacion, const std::string& clave, const std::string& porDefecto) {
@@ -17,55 +30,75 @@ std::string Valor(const std::string& preparacion, const std::string& clave, cons
     return porDefecto;
 }
 
-template <typename T>
-std::string Juntar(const std::vector<T>& v, const std::string& separador) {
-    std::ostringstream s;
-    for (std::size_t i = 0; i < v.size(); ++i) s << (i ? separador : "") << v[i];
-    return s.str();
-}
-
 class ReglasTest : public ::testing::TestWithParam<prueba::Caso> {};
 
 TEST_P(ReglasTest, Partida) {
     const prueba::Caso& c = GetParam();
-    prueba::PartidaGuion g(std::stoi(Valor(c.preparacion, "jugadores", "1")),
-                           std::stoi(Valor(c.preparacion, "quesitos", "6")));
-    prueba::Preparar(g.j, c.preparacion);
-    for (char v : Valor(c.preparacion, "veredictos", "")) g.veredictos.push_back(v);
-    for (int e : prueba::Numeros(Valor(c.preparacion, "elecciones", ""))) g.elecciones.push_back(e);
-    // Lo que había al salir el primer aviso.
-    std::map<std::string, std::string> alAvisar;
-    g.p().alMensaje = [&](const prueba::PlataformaGuion::Mensaje&) {
-        if (alAvisar.empty()) alAvisar = prueba::Observar(g.j);
+    prueba::JuegoPrueba j;
+    prueba::Preparar(j, "datos=1,6;texto=;" + c.preparacion);
+    VistaApunte vista;
+    j.f().PonerVista(&vista);
+    const std::string v = Valor(c.preparacion, "veredictos", "");
+    std::deque<char> veredictos(v.begin(), v.end());
+    std::deque<int> elecciones;  // valor de cada Dialog (casilla o categoría), no el botón
+    for (int e : prueba::Numeros(Valor(c.preparacion, "elecciones", ""))) elecciones.push_back(e);
+    std::map<std::string, std::string> o{
+        {"preguntados", ""}, {"enPregunta", ""}, {"titulos", ""}, {"listas", ""}};
+    prueba::ApuntarAvisos(j, o);
+    int dialogos = 0, preguntas = 0;
+    j.p.alMostrarDialog = [&](Dialog& d) {
+        d.Form_Load();
+        d.Form_Activate();
+        const std::string n = std::to_string(++dialogos), separador = dialogos > 1 ? "|" : "";
+        o["titulos"] += separador + d.Titulo;
+        o["listas"] += (dialogos > 1 ? " " : "") + j.m().ListaValores;
+        o["vista" + n] = d.Text1;
+        for (const auto& b : d.Command1)
+            if (b.Visible) o["botones" + n] += (o["botones" + n].empty() ? "" : "|") + b.Caption;
+        for (int i = 0; i < 7 && !elecciones.empty(); ++i) {
+            const auto& b = d.Command1[static_cast<std::size_t>(i)];
+            if (b.Visible && b.Enabled && d.ValorOpcion[static_cast<std::size_t>(i)] == elecciones.front()) {
+                elecciones.pop_front();
+                return d.Command1_Click(i);
+            }
+        }
+        ADD_FAILURE() << "El guion no elige nada que se ofrezca:\n" << d.Text1;
+        j.p.TerminarPrograma();
+    };
+    j.p.alMostrarDialog1 = [&](Dialog1& d) {
+        o["preguntados"] += (preguntas ? "," : "") + std::to_string(d.NTema);
+        o["enPregunta"] += (preguntas++ ? "," : "") + vista.hechos.substr(vista.hechos.find_last_of(',') + 1);
+        if (veredictos.empty()) {
+            ADD_FAILURE() << "Dialog1 sin veredicto en el guion";
+            j.p.TerminarPrograma();
+        }
+        d.SinPregunta = veredictos.front() == 'N';
+        d.RespuestaCorrecta = veredictos.front() == 'B';
+        d.Visible = false;
+        veredictos.pop_front();
     };
     bool terminado = false;
     try {
         for (const std::string& a : Partir(c.acciones, ' ')) {
-            if (a[0] == 'T') g.Tirar(std::stoi(a.substr(1)), std::stoi(a.substr(a.find('>') + 1)));
-            if (a[0] == 'P') g.f().HacerPregunta(std::stoi(a.substr(1)));
+            if (a[0] == 'P') j.f().HacerPregunta(std::stoi(a.substr(1)));
+            if (a[0] != 'T') continue;  // T2>7: un 2 en el dado y a la casilla 7, antes que lo demás
+            j.p.azar.push_back(prueba::AzarDado(std::stoi(a.substr(1))));
+            elecciones.push_front(std::stoi(a.substr(a.find('>') + 1)));
+            j.f().ResolverTirada();
         }
     } catch (const prueba::ProgramaTerminado&) {
         terminado = true;
     }
-
-    std::map<std::string, std::string> o = prueba::Observar(g.j);
+    o.merge(prueba::Observar(j));
     o["terminado"] = std::to_string(terminado);
-    o["textoAlAvisar"] = alAvisar["texto"];
-    o["j1AlAvisar"] = alAvisar["j1"];
-    o["preguntados"] = Juntar(g.temasPreguntados, ",");
-    o["hechos"] = Juntar(g.vista.hechos, ",");
-    o["enPregunta"] = Juntar(g.hechosEnPregunta, ",");
-    for (std::size_t i = 0; i < g.vistas.size(); ++i) {
-        o["titulos"] += (i ? "|" : "") + g.vistas[i].titulo;
-        o["listas"] += (i ? " " : "") + g.vistas[i].lista;
-        o["vista" + std::to_string(i + 1)] = g.vistas[i].texto;
-        o["botones" + std::to_string(i + 1)] = Juntar(g.vistas[i].botones, "|");
-    }
+    o["hechos"] = vista.hechos;
     prueba::Comprobar(o, c.esperado);
+    EXPECT_TRUE(elecciones.empty() && veredictos.empty()) << "sobra guion: algo que se esperaba no llegó";
+    j.f().PonerVista(nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Reglas, ReglasTest, ::testing::ValuesIn(prueba::Casos("reglas.txt")),
-                         [](const auto& info) { return info.param.nombre; });
+                         prueba::NombreDelCaso);
 
 }  // namespace
 }  // namespace sabelot

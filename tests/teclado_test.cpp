@@ -1,8 +1,6 @@
 // El mapa de teclas de la ventana principal: los casos de tests/datos/teclado.txt.
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "apoyo/juego_casos.h"
 
 namespace sabelot {
@@ -10,35 +8,10 @@ namespace {
 
 using prueba::JuegoPrueba;
 
-// "Arriba", "F2", "O+C" (S mayúsculas, C control, A alt) o "#96", un código a secas.
-void Pulsar(JuegoPrueba& j, const std::string& tecla) {
-    static const std::map<std::string, int> kNombres{
-        {"Arriba", vbKeyUp}, {"Abajo", vbKeyDown}, {"Izquierda", vbKeyLeft}, {"Derecha", vbKeyRight},
-        {"F1", vbKeyF1},     {"F2", vbKeyF2},      {"F3", vbKeyF3},          {"F4", vbKeyF4}};
-    const std::string nombre = tecla.substr(0, tecla.find('+'));
-    const std::string mods = tecla.substr(nombre.size());
-    const int codigo = nombre[0] == '#'         ? std::stoi(nombre.substr(1))
-                       : kNombres.count(nombre) ? kNombres.at(nombre)
-                                                : nombre[0];
-    j.Tecla(codigo, (mods.find('S') != std::string::npos ? vbShiftMask : 0) |
-                        (mods.find('C') != std::string::npos ? vbCtrlMask : 0) |
-                        (mods.find('A') != std::string::npos ? vbAltMask : 0));
-}
-
 class TecladoTest : public ::testing::TestWithParam<prueba::Caso> {};
-
-TEST_P(TecladoTest, Teclas) {
-    const prueba::Caso& c = GetParam();
-    JuegoPrueba j;
-    j.f().ConstruirTablero();
-    j.f().PonerTitulo(TituloJugador(1));
-    prueba::Preparar(j, "jugadores=1;" + c.preparacion);
-    for (const std::string& tecla : prueba::Partir(c.acciones, ' ')) Pulsar(j, tecla);
-    prueba::Comprobar(prueba::Observar(j), c.esperado);
-}
-
+TEST_P(TecladoTest, Teclas) { prueba::Jugar(GetParam()); }
 INSTANTIATE_TEST_SUITE_P(Teclado, TecladoTest, ::testing::ValuesIn(prueba::Casos("teclado.txt")),
-                         [](const auto& info) { return info.param.nombre; });
+                         prueba::NombreDelCaso);
 
 // Vista que apunta el foco.
 class VistaFoco : public VistaForm1 {

@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "apoyo/juego_casos.h"
-#include "apoyo/partida_guion.h"
 
 namespace sabelot {
 namespace {
@@ -24,6 +23,7 @@ struct Busqueda {
 class TiradaTest : public ::testing::Test {
 protected:
     TiradaTest() {
+        prueba::Preparar(j, "datos=1,6");
         // El destino se anota; lo que venga después (pregunta o centro) no pregunta nada.
         j.p.alMostrarDialog = [this](Dialog& d) {
             if (d.ValorEnDado >= 1 && actual_) {
@@ -54,19 +54,15 @@ protected:
         return b;
     }
 
-    prueba::PartidaGuion g;
-    prueba::JuegoPrueba& j = g.j;
+    prueba::JuegoPrueba j;
     Busqueda* actual_ = nullptr;
 };
 
 TEST_F(TiradaTest, ElDadoEsLaParteEnteraDeSeisVecesRnd) {
-    const struct {
-        double rnd;
-        int cara;
-    } casos[] = {{0.0, 1}, {0.1666, 1}, {0.17, 2}, {0.5, 4}, {0.8333, 5}, {0.84, 6}, {0.999999, 6}};
-    for (const auto& c : casos) {
-        j.p.azar = {c.rnd};
-        EXPECT_EQ(j.f().TirarDado(), c.cara) << c.rnd;
+    for (const auto& [rnd, cara] :
+         {std::pair{0.0, 1}, {0.1666, 1}, {0.17, 2}, {0.8333, 5}, {0.84, 6}, {0.999999, 6}}) {
+        j.p.azar = {rnd};
+        EXPECT_EQ(j.f().TirarDado(), cara) << rnd;
     }
 }
 
@@ -118,23 +114,6 @@ TEST_F(TiradaTest, UnaEtiquetaPropiaEntraConSusBlancos) {
               "Lanzas el dado y sacas un 1.\r\nPuedes ir a casillas de:\r\n"
               " casilla de dados  (derecha )\r\n"
               "Quesito Películas  (izquierda )\r\n");
-}
-
-TEST_F(TiradaTest, ConUnFicheroQueFaltaNoSeTiraElDado) {
-    j.m().FicheroTema[4] = "no_esta";
-    j.f().ValorDado = 3;
-    j.p.mensajes.clear();
-    j.p.azar = {AzarDado(5)};
-    j.f().ResolverTirada();
-    prueba::Comprobar(
-        prueba::Observar(j),
-        {"mensajes=1", "turno=1",
-         "mensaje1=Alguno/s de los ficheros de preguntas seleccionados la última vez no se encuentran "
-         "disponibles en estos momentos. \r\nEntre en el menú de opciones pulsando Control o y "
-         "reajuste su selección de ficheros antes de continuar jugando.|48|Atención"});
-    EXPECT_EQ(j.p.dialogosMostrados, 0);
-    EXPECT_EQ(j.p.azar.size(), 1u);  // el dado no se ha tirado
-    EXPECT_EQ(j.f().ValorDado, 3);
 }
 
 }  // namespace

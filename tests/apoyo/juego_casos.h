@@ -9,6 +9,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "apoyo/datos_prueba.h"
@@ -67,10 +68,24 @@ inline void Preparar(JuegoPrueba& j, const std::string& preparacion) {
         if (clave == "previa") f.CasillaPrevia = n[0];
         if (clave == "turno") f.JugadorActual = n[0];
         if (clave == "texto") f.PonerTexto1(valor);
+        if (clave == "titulo") f.PonerTitulo(valor);
         if (clave == "textos") j.p.textos.assign(1, valor);
         if (clave == "sino") j.p.siNo.assign(n.begin(), n.end());
         for (std::size_t i = 0; clave == "fichas" && i < n.size(); ++i) f.PosicionFicha[i + 1] = n[i];
         if (clave == "quesitos") m.QuesitosParaGanar = n[0];
+        if (clave == "datos") {  // la partida recién arrancada con esos datos, sin lo que dijo
+            PonerDatosMinimos(j.p.carpeta, n[0], n[1]);
+            j.Arrancar();
+        }
+        if (clave == "anexas") f.LeerAnexas = n[0];
+        if (clave == "hora") std::tie(j.p.hora, j.p.minuto, j.p.segundo) = std::tie(n[0], n[1], n[2]);
+        for (int cara : clave == "dado" ? n : std::vector<int>{}) j.p.azar.push_back(AzarDado(cara));
+        for (const std::string& x : clave == "azar" ? Partir(valor, ',') : std::vector<std::string>{})
+            j.p.azar.push_back(std::stod(x));
+        if (clave == "respuestas") j.p.respuestas.assign(n.begin(), n.end());
+        if (clave == "botones") j.p.botones.assign(n.begin(), n.end());
+        if (clave == "mazo") m.CuentaMazo[n[0]] = n[1], m.MazoUsado[n[0]] = "x";
+        if (clave.rfind("etiqueta", 0) == 0) m.EtiquetaTema[clave[8] - '0'] = valor;
         // quesitosJ: las categorías que ya tiene el jugador J.
         for (int t : clave.size() == 9 && clave.rfind("quesitos", 0) == 0 ? n : std::vector<int>{}) {
             m.QuesitoGanado(t, clave[8] - '0') = true;
@@ -94,13 +109,15 @@ inline std::map<std::string, std::string> Observar(JuegoPrueba& j) {
         {"texto", f.Texto1()}, {"titulo", f.Titulo()}, {"cursor", n(f.CasillaCursor)}, {"rumbo", n(f.RumboCentro)},
         {"previa", n(f.CasillaPrevia)}, {"turno", n(f.JugadorActual)}, {"anexas", n(f.LeerAnexas)},
         {"pitidos", n(j.p.pitidos)}, {"jugadores", n(m.NumJugadores)}, {"quesitos", n(m.QuesitosParaGanar)},
-        {"opciones", n(j.p.opcionesMostradas)}, {"mensajes", n(j.p.mensajes.size())}, {"sino", n(j.p.siNo.size())},
-        {"entradas", ""}, {"sonidos", ""}, {"oido", ""}};
+        {"opciones", n(j.p.opcionesMostradas)}, {"dialogos", n(j.p.dialogosMostrados)}, {"mensajes", n(j.p.mensajes.size())}, {"sino", n(j.p.siNo.size())},
+        {"entradas", ""}, {"sonidos", ""}, {"oido", ""}, {"semilla", n(j.p.ultimaSemilla)},
+        {"caminos", n(f.CaminosPendientes)}, {"azar", n(j.p.azar.size())}, {"valorDado", n(f.ValorDado)}};
     // clang-format on
     o["tablas"] = n(m.Preguntas.Jugadores()) + n(m.Aciertos.Jugadores()) + n(m.QuesitoGanado.Jugadores()) +
                   n(m.NumQuesitos.Limite());
     for (std::size_t t = 1; t <= 6; ++t)
         o["tema" + n(t)] = m.FicheroTema[t] + "|" + m.EtiquetaTema[t] + "|" + n(m.CanalTema[t]);
+    for (std::size_t t = 1; t <= 6; ++t) o["mazos"] += m.MazoUsado[t] + n(m.CuentaMazo[t]) + " ";
     for (std::size_t i = 1; i <= 6; ++i) o["fichas"] += (i > 1 ? "," : "") + n(f.PosicionFicha[i]);
     for (int jug = 1; jug <= m.NumQuesitos.Limite(); ++jug) {
         std::string& s = o["j" + n(jug)] = n(m.NumQuesitos(jug));
@@ -130,5 +147,46 @@ inline void Comprobar(const std::map<std::string, std::string>& visto,
         EXPECT_EQ(ConSaltos(e.substr(e.find('=') + 1)), it == visto.end() ? "(nada)" : it->second) << clave;
     }
 }
+
+// "Arriba", "F2", "O+C" (S mayúsculas, C control, A alt), "#96" (un código a secas), o "Arrancar"
+// y "Nueva", que no son teclas sino el arranque y una partida nueva.
+inline void Pulsar(JuegoPrueba& j, const std::string& tecla) {
+    static const std::map<std::string, int> kNombres{
+        {"Arriba", vbKeyUp}, {"Abajo", vbKeyDown}, {"Izquierda", vbKeyLeft}, {"Derecha", vbKeyRight},
+        {"F1", vbKeyF1},     {"F2", vbKeyF2},      {"F3", vbKeyF3},          {"F4", vbKeyF4}};
+    if (tecla == "Arrancar" || tecla == "Nueva")
+        return tecla == "Nueva" ? j.f().NuevaPartida() : j.Arrancar(false);
+    const std::string nombre = tecla.substr(0, tecla.find('+'));
+    const std::string mods = tecla.substr(nombre.size());
+    const int codigo = nombre[0] == '#'         ? std::stoi(nombre.substr(1))
+                       : kNombres.count(nombre) ? kNombres.at(nombre)
+                                                : nombre[0];
+    j.Tecla(codigo, (mods.find('S') != std::string::npos ? vbShiftMask : 0) |
+                        (mods.find('C') != std::string::npos ? vbCtrlMask : 0) |
+                        (mods.find('A') != std::string::npos ? vbAltMask : 0));
+}
+
+// Lo que había al salir el aviso N queda en «o» con «AlAvisoN» tras la clave.
+inline void ApuntarAvisos(JuegoPrueba& j, std::map<std::string, std::string>& o) {
+    j.p.alMensaje = [&j, &o](const PlataformaGuion::Mensaje&) {
+        for (const auto& [clave, valor] : Observar(j))
+            o[clave + "AlAviso" + std::to_string(j.p.mensajes.size())] = valor;
+    };
+}
+
+// Un caso de teclas entero sobre una partida de un jugador con el tablero hecho.
+inline void Jugar(const Caso& c) {
+    JuegoPrueba j;
+    j.f().ConstruirTablero();
+    j.f().PonerTitulo(TituloJugador(1));
+    Preparar(j, "jugadores=1;" + c.preparacion);
+    std::map<std::string, std::string> o;
+    ApuntarAvisos(j, o);
+    for (const std::string& tecla : Partir(c.acciones, ' ')) Pulsar(j, tecla);
+    o.merge(Observar(j));
+    Comprobar(o, c.esperado);
+}
+
+inline std::string NombreDelCaso(const ::testing::TestParamInfo<Caso>& info) { return info.param.nombre; }
 
 }  // namespace sabelot::prueba

@@ -38,10 +38,4 @@ void JuegoPrueba::Tecla(int codigo, int shift) {
     }
 }
 
-void JuegoPrueba::Tirar(int cara, int boton) {
-    p.azar.push_back(AzarDado(cara));
-    p.botones.push_back(boton);
-    Tecla(32);
-}
-
 }  // namespace sabelot::prueba

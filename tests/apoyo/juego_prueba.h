@@ -29,8 +29,6 @@ public:
     void Arrancar(bool olvidarMensajes = true);
     // Una tecla a la ventana principal; si suena el dado, lo deja terminar.
     void Tecla(int codigo, int shift = 0);
-    // Tirada completa con la cara dada y el botón pulsado en el diálogo.
-    void Tirar(int cara, int boton);
 };
 
 }  // namespace sabelot::prueba
