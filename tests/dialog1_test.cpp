@@ -51,35 +51,25 @@ protected:
 
 const std::string kTres = Qzf({"q>¿Cuántos lados tiene un hexágono?", "1>Cinco", "2>Seis", "3>Ocho", "a>2"});
 
-TEST_F(Dialogo1, LoQueSeVeAlPreguntar) {
-    Poner(2, kTres);
-    Abrir(2);
-    EXPECT_TRUE(d.Visible);
-    EXPECT_EQ("Pregunta de Geografía.\r\n¿Cuántos lados tiene un hexágono?", d.Titulo);
-    EXPECT_EQ("  ¿Cuántos lados tiene un hexágono?", d.Text1);
-    EXPECT_EQ("1. Cinco", d.Text2);
-    // Se cuentan caracteres, no bytes: 35 caracteres con los dos blancos.
-    EXPECT_EQ(std::make_pair(1, 34), std::make_pair(d.Text1SelStart, d.Text1SelLength));
-    EXPECT_TRUE(p.mensajes.empty());
+// Cada fila de tests/datos/dialog1_abrir.txt, con su carpeta.
+class Pregunta : public Dialogo1, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(Pregunta, LoQueSeVe) {
+    for (int t = 1; t <= 3; ++t) Poner(t, kTres);
+    const auto c = Campos(GetParam());
+    p.hora = std::stoi(c[1]);
+    p.minuto = std::stoi(c[2]);
+    p.segundo = std::stoi(c[3]);
+    Abrir(std::stoi(c[0]));
+    EXPECT_TRUE(d.Visible && p.mensajes.empty());
+    EXPECT_EQ(std::to_string(d.NTema) + " " + std::to_string(p.ultimaSemilla) + " " +
+                  std::to_string(d.Text1SelStart) + " " + std::to_string(d.Text1SelLength),
+              c[4]);
+    EXPECT_EQ(std::vector<std::string>({d.Titulo, d.Text1, d.Text2}),
+              std::vector<std::string>(c.begin() + 5, c.end()));
 }
 
-TEST_F(Dialogo1, SemillaDelRelojYTemaFueraDeRango) {
-    // Tema pedido, hora, minuto y segundo; el tema que queda y la semilla (0 vale, y pasar de 16 bits).
-    const int casos[][6] = {
-        {0, 23, 59, 59, 1, 80063}, {7, 12, 30, 0, 1, 0}, {-2, 1, 2, 3, 1, 6}, {3, 10, 10, 10, 3, 1000}};
-    for (int t = 1; t <= 3; ++t) Poner(t, kTres);
-    for (const auto& c : casos) {
-        SCOPED_TRACE(c[0]);
-        p.hora = c[1];
-        p.minuto = c[2];
-        p.segundo = c[3];
-        Abrir(c[0]);
-        EXPECT_EQ(c[4], d.NTema);
-        EXPECT_EQ(c[5], p.ultimaSemilla);
-        EXPECT_EQ("Pregunta de " + m.EtiquetaTema[static_cast<std::size_t>(c[4])],
-                  d.Titulo.substr(0, d.Titulo.find('.')));
-    }
-}
+INSTANTIATE_TEST_SUITE_P(Dialog1, Pregunta, ::testing::ValuesIn(LineasDeDatos("dialog1_abrir.txt")));
 
 // Los pasos de tests/datos/dialog1_teclas.txt, seguidos. La vista se refresca tras el pitido y el texto
 // nuevo, y se oculta al juzgar.
@@ -122,7 +112,11 @@ TEST_F(Dialogo1, Veredictos) {
         p.alMensaje = [&](const PlataformaGuion::Mensaje&) { visibleAlDecirlo = d.Visible; };
         for (const std::string& t : Campos(c[0], ' ')) Tecla(std::stoi(t));
         p.alMensaje = nullptr;
-        UnAviso(p, c[2], vbOKOnly);
+        ASSERT_EQ(p.mensajes.size(), 1u);
+        EXPECT_EQ(
+            std::to_string(p.mensajes[0].estilo) + " " + p.mensajes[0].titulo + ": " + p.mensajes[0].texto,
+            "0 Sabelot: " + c[2]);
+        p.mensajes.clear();
         EXPECT_TRUE(visibleAlDecirlo);
         EXPECT_EQ(c[3] == "1", d.RespuestaCorrecta);
         EXPECT_FALSE(d.Visible);

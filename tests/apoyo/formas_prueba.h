@@ -20,23 +20,18 @@ struct Entorno {
     Canales canales{p.Ficheros()};
 };
 
-// El único cuadro que salió, con su estilo y el título del juego; y se olvida.
-inline void UnAviso(PlataformaGuion& p, const std::string& texto, int estilo) {
-    ASSERT_EQ(p.mensajes.size(), 1u);
-    EXPECT_EQ(p.mensajes[0].texto, texto);
-    EXPECT_EQ(p.mensajes[0].estilo, estilo);
-    EXPECT_EQ(p.mensajes[0].titulo, "Sabelot");
-    p.mensajes.clear();
-}
-
-// Los campos de una fila de tests/datos, con los saltos escritos "\r\n" a la vista.
+// Los campos de una fila de tests/datos, con \r, \n, \t y \xHH escritos a la vista.
 inline std::vector<std::string> Campos(const std::string& fila, char separador = '\t') {
     std::vector<std::string> campos;
     std::istringstream s(fila);
-    for (std::string c; std::getline(s, c, separador);) {
-        for (auto i = c.find("\\r\\n"); i != std::string::npos; i = c.find("\\r\\n", i + 2))
-            c.replace(i, 4, "\r\n");
-        campos.push_back(c);
+    for (std::string c; std::getline(s, c, separador); campos.push_back(c)) {
+        for (auto i = c.find('\\'); i != std::string::npos && i + 1 < c.size(); i = c.find('\\', i + 1)) {
+            const auto e = std::string("rnt").find(c[i + 1]);
+            if (c[i + 1] == 'x')
+                c.replace(i, 4, 1, static_cast<char>(std::stoi(c.substr(i + 2, 2), nullptr, 16)));
+            else if (e != std::string::npos)
+                c.replace(i, 2, 1, "\r\n\t"[e]);
+        }
     }
     return campos;
 }
