@@ -97,29 +97,8 @@ void JuegoFuzz::Tecla(int codigo, int shift) {
 }
 
 void ComprobarPartida(JuegoFuzz& j) {
-    Module1& m = j.m();
-    Form1& f = j.f();
-    Comprobar(m.NumJugadores >= 1 && m.NumJugadores <= kMaxJugadores, "número de jugadores");
-    Comprobar(m.QuesitosParaGanar >= 0 && m.QuesitosParaGanar <= kNumTemas, "quesitos para ganar");
-    Comprobar(f.JugadorActual >= 1 && f.JugadorActual <= m.NumJugadores, "jugador actual");
-    Comprobar(f.CasillaCursor >= 0 && f.CasillaCursor < static_cast<int>(f.Tablero.size()), "cursor");
-    Comprobar(m.Preguntas.Jugadores() >= m.NumJugadores && m.Aciertos.Jugadores() >= m.NumJugadores &&
-                  m.QuesitoGanado.Jugadores() >= m.NumJugadores && m.NumQuesitos.Limite() >= m.NumJugadores,
-              "tablas más pequeñas que el número de jugadores");
-    for (int jug = 1; jug <= m.NumJugadores; ++jug) {
-        const int pos = f.PosicionFicha[static_cast<std::size_t>(jug)];
-        Comprobar(pos >= 0 && pos < static_cast<int>(f.Tablero.size()), "posición de una ficha");
-        int ganados = 0;
-        for (int tema = 1; tema <= kNumTemas; ++tema) {
-            Comprobar(m.Aciertos(tema, jug) >= 0, "aciertos negativos");
-            Comprobar(m.Aciertos(tema, jug) <= m.Preguntas(tema, jug), "más aciertos que preguntas");
-            if (m.QuesitoGanado(tema, jug)) ++ganados;
-        }
-        Comprobar(ganados == m.NumQuesitos(jug), "quesitos contados y ganados no cuadran");
-    }
-    for (std::size_t tema = 1; tema <= kNumTemas; ++tema) {
-        Comprobar(m.CanalTema[tema] >= 0 && m.CanalTema[tema] <= kNumTemas, "canal de un tema");
-    }
+    const std::string rota = prueba::InvarianteRota(*j.juego);
+    Comprobar(rota.empty(), rota.c_str());
 }
 
 }  // namespace sabelot::fuzz

@@ -1,27 +1,16 @@
 // Una partida guardada cualquiera cargada en un juego en marcha. Si no se carga, la
 // partida de antes sigue igual; si se carga, se juegan unas tiradas, se guarda y se
 // vuelve a cargar.
-#include <sstream>
-
+#include "apoyo/juego_prueba.h"
 #include "apoyo_fuzz.h"
 
 using namespace sabelot;
 
 namespace {
 
+// La partida y el cursor: una carga fallida no mueve ni el cursor.
 std::string Foto(fuzz::JuegoFuzz& j) {
-    std::ostringstream s;
-    Module1& m = j.m();
-    Form1& f = j.f();
-    s << m.NumJugadores << ' ' << m.QuesitosParaGanar << ' ' << f.JugadorActual << ' ' << f.CasillaCursor;
-    for (std::size_t t = 1; t <= kNumTemas; ++t)
-        s << '[' << m.FicheroTema[t] << '|' << m.EtiquetaTema[t] << '|' << m.CanalTema[t] << ']';
-    for (int jug = 1; jug <= m.NumJugadores; ++jug) {
-        s << ' ' << f.PosicionFicha[static_cast<std::size_t>(jug)] << ':' << m.NumQuesitos(jug);
-        for (int t = 1; t <= kNumTemas; ++t)
-            s << ',' << m.QuesitoGanado(t, jug) << '/' << m.Aciertos(t, jug) << '/' << m.Preguntas(t, jug);
-    }
-    return s.str();
+    return prueba::Foto(*j.juego) + " cursor=" + std::to_string(j.f().CasillaCursor);
 }
 
 // El guion da el nombre y después un cancelar: si el cancelar sigue sin usar, se cargó.

@@ -17,6 +17,12 @@ void PonerDatosMinimos(const CarpetaTemporal& carpeta, int jugadores = 1, int qu
 // Un fichero .qzf (texto UTF-8 que se guarda en Windows-1252, líneas con CRLF).
 std::string Qzf(const std::vector<std::string>& lineas);
 
+// Lo que se guarda de una partida, en una línea: igual si y solo si la partida es la misma.
+std::string Foto(Juego& j);
+// La primera regla de la partida en juego que está rota, o "" si no hay ninguna: lo que ni una
+// tecla ni un fichero estropeado pueden romper.
+std::string InvarianteRota(Juego& j);
+
 class JuegoPrueba {
 public:
     JuegoPrueba();

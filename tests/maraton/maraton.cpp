@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <memory>
 #include <random>
-#include <sstream>
 #include <string>
 
 #include "apoyo/juego_prueba.h"
@@ -34,28 +33,6 @@ struct Hallazgo {
 
 const char* const kErrorCarga =
     "Se produjo un error al cargar el archivo. Indique otro nombre de archivo o pulse en cancelar";
-
-// Lo que se guarda de una partida, en una línea: igual si y solo si la partida es la misma.
-std::string Foto(Juego& j) {
-    Module1& m = j.m;
-    std::ostringstream s;
-    s << "jugadores=" << m.NumJugadores << " quesitos=" << m.QuesitosParaGanar
-      << " turno=" << j.form1.JugadorActual << " fichas=";
-    for (int i = 1; i <= 6; ++i) s << j.form1.PosicionFicha[static_cast<std::size_t>(i)] << ' ';
-    for (std::size_t t = 1; t <= 6; ++t)
-        s << '[' << m.FicheroTema[t] << '|' << m.EtiquetaTema[t] << '|' << m.CanalTema[t] << ']';
-    // Con tablas de otro tamaño (Comprobar lo dirá) no se lee fuera de ellas.
-    const int n = std::min({m.NumQuesitos.Limite(), m.Preguntas.Jugadores(), m.Aciertos.Jugadores(),
-                            m.QuesitoGanado.Jugadores()});
-    s << " tablas=" << m.NumQuesitos.Limite() << '/' << m.Preguntas.Jugadores() << '/'
-      << m.Aciertos.Jugadores() << '/' << m.QuesitoGanado.Jugadores();
-    for (int p = 1; p <= n; ++p) {
-        s << " j" << p << ':' << m.NumQuesitos(p);
-        for (int t = 1; t <= kNumTemas; ++t)
-            s << ' ' << m.Aciertos(t, p) << '/' << m.Preguntas(t, p) << (m.QuesitoGanado(t, p) ? "Q" : "");
-    }
-    return s.str();
-}
 
 // La plataforma con guion, pero contestada por el generador: nunca se queda sin guion.
 class PlataformaMaraton : public PlataformaGuion {
@@ -318,37 +295,8 @@ private:
     }
 
     void Comprobar(const char* donde) {
-        Module1& m = j_->m;
-        Form1& ff = f();
-        auto exigir = [&](bool bien, const std::string& que) {
-            if (!bien) throw Hallazgo{std::string(donde) + ": " + que + "\n  " + Foto(*j_)};
-        };
-        auto casilla = [](int c) { return c >= 0 && c <= kUltimaCasilla; };
-        const int n = m.NumJugadores;
-        exigir(n >= 1 && n <= kMaxJugadores, "NumJugadores=" + std::to_string(n));
-        exigir(m.QuesitosParaGanar >= 0 && m.QuesitosParaGanar <= kNumTemas, "QuesitosParaGanar");
-        exigir(m.Preguntas.Jugadores() == n && m.Aciertos.Jugadores() == n &&
-                   m.QuesitoGanado.Jugadores() == n && m.NumQuesitos.Limite() == n,
-               "tablas de otro tamaño que los jugadores");
-        exigir(ff.JugadorActual >= 1 && ff.JugadorActual <= n,
-               "JugadorActual=" + std::to_string(ff.JugadorActual));
-        exigir(std::all_of(ff.PosicionFicha.begin(), ff.PosicionFicha.end(), casilla),
-               "ficha fuera del tablero");
-        exigir(casilla(ff.CasillaCursor) && casilla(ff.CasillaPrevia), "cursor fuera del tablero");
-        exigir(ff.RumboCentro >= 1 && ff.RumboCentro <= 6, "RumboCentro=" + std::to_string(ff.RumboCentro));
-        exigir(ff.ValorDado >= 0 && ff.ValorDado <= 6, "ValorDado=" + std::to_string(ff.ValorDado));
-        exigir(ff.CaminosPendientes >= 0, "CaminosPendientes=" + std::to_string(ff.CaminosPendientes));
-        for (int j = 1; j <= n; ++j) {
-            int ganados = 0;
-            for (int t = 1; t <= kNumTemas; ++t) {
-                exigir(m.Aciertos(t, j) >= 0 && m.Preguntas(t, j) >= m.Aciertos(t, j),
-                       "más aciertos que preguntas");
-                ganados += m.QuesitoGanado(t, j);
-            }
-            exigir(m.NumQuesitos(j) == ganados, "NumQuesitos no cuenta los quesitos ganados");
-        }
-        for (std::size_t t = 1; t <= kNumTemas; ++t)
-            exigir(m.CuentaMazo[t] >= 0 && m.TotalMazo[t] >= 0, "mazo " + std::to_string(t) + " negativo");
+        const std::string rota = InvarianteRota(*j_);
+        if (!rota.empty()) throw Hallazgo{std::string(donde) + ": " + rota + "\n  " + Foto(*j_)};
     }
 
     void Paso() {
