@@ -16,38 +16,17 @@ namespace {
 
 using prueba::CarpetaTemporal;
 
-TEST(Canales, LeeLineasYPosicionesDesdeUno) {
-    CarpetaTemporal c;
-    c.Escribir("a.txt", "uno\r\ndos\nres\rcuatro");
-    SistemaFicherosReal fs;
-    Canales canales(fs);
-    ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"a.txt"})));
-    Fichero* f = canales.Get(3);
-    std::string l;
-    EXPECT_EQ(1, f->Posicion());
-    ASSERT_TRUE(f->LeerLinea(l));
-    EXPECT_EQ("uno", l);
-    EXPECT_EQ(6, f->Posicion());
-    ASSERT_TRUE(f->LeerLinea(l));
-    EXPECT_EQ("dos", l);
-    ASSERT_TRUE(f->LeerLinea(l));
-    EXPECT_EQ("res", l);
-    ASSERT_TRUE(f->LeerLinea(l));
-    EXPECT_EQ("cuatro", l);
-    EXPECT_TRUE(f->Fin());
-    EXPECT_FALSE(f->LeerLinea(l));
-    EXPECT_EQ(1, canales.Libre());
-    EXPECT_TRUE(canales.Cerrar(3));
-    EXPECT_FALSE(canales.Abierto(3));
-}
-
-// Una línea de más de kMaxLinea bytes llega cortada y marcada, y la siguiente se lee bien; un
-// CR LF partido entre dos trozos del almacén de lectura (64 KiB) es un solo fin de línea.
-TEST(Canales, LineasLargasSeCortanYSeSigue) {
+// CR LF, LF y CR acaban cada uno una línea, y la posición va desde 1. Una línea de más de
+// kMaxLinea bytes llega cortada y marcada, y la siguiente se lee bien; un CR LF partido entre
+// dos trozos del almacén de lectura (64 KiB) es un solo fin de línea.
+TEST(Canales, LineasYPosiciones) {
     const std::size_t trozo = 64 * 1024;
-    std::vector<std::pair<std::string, std::string>> lineas = {{std::string(kMaxLinea + 1, 'a'), "\r\n"},
+    std::vector<std::pair<std::string, std::string>> lineas = {{"uno", "\r\n"},
+                                                               {"dos", "\n"},
+                                                               {"res", "\r"},
+                                                               {std::string(kMaxLinea + 1, 'a'), "\r\n"},
                                                                {"corta", "\r\n"}};
-    std::size_t antes = kMaxLinea + 1 + 2 + 7;
+    std::size_t antes = 13 + kMaxLinea + 1 + 2 + 7;
     for (; antes + 1000 < trozo - 1; antes += 1000) lineas.push_back({std::string(998, 'r'), "\r\n"});
     lineas.push_back({std::string(trozo - 1 - antes, 'b'), "\r\n"});
     lineas.push_back({std::string(3 * trozo, 'c'), "\n"});
@@ -59,9 +38,10 @@ TEST(Canales, LineasLargasSeCortanYSeSigue) {
     c.Escribir("a.txt", bytes);
     SistemaFicherosReal fs;
     Canales canales(fs);
-    ASSERT_EQ(0, canales.Abrir(1, Ruta(c.Ruta(), {"a.txt"})));
-    Fichero* f = canales.Get(1);
+    ASSERT_EQ(0, canales.Abrir(3, Ruta(c.Ruta(), {"a.txt"})));
+    Fichero* f = canales.Get(3);
     std::int64_t posicion = 1;
+    EXPECT_EQ(1, f->Posicion());
     std::string l;
     for (std::size_t n = 0; n < lineas.size(); ++n) {
         const std::string& texto = lineas[n].first;
@@ -72,7 +52,11 @@ TEST(Canales, LineasLargasSeCortanYSeSigue) {
         EXPECT_EQ(posicion, f->Posicion()) << n;
         EXPECT_LE(l.capacity(), 2 * kMaxLinea) << n << ": se guardó más que una línea";
     }
+    EXPECT_TRUE(f->Fin());
     EXPECT_FALSE(f->LeerLinea(l));
+    EXPECT_EQ(1, canales.Libre());
+    EXPECT_TRUE(canales.Cerrar(3));
+    EXPECT_FALSE(canales.Abierto(3));
 }
 
 TEST(Canales, ErroresDeApertura) {

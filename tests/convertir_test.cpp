@@ -7,9 +7,8 @@
 #include <fstream>
 #include <iterator>
 #include <set>
-#include <sstream>
 
-#include "apoyo/datos_prueba.h"
+#include "apoyo/preguntas_prueba.h"
 #include "questions/revision.h"
 
 namespace sabelot {
@@ -21,19 +20,10 @@ std::string Bytes(const std::string& nombre, bool* hay = nullptr) {
     return std::string(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>());
 }
 
-std::vector<std::string> Campos(const std::string& fila) {
-    std::vector<std::string> campos;
-    std::istringstream s(fila);
-    for (std::string campo; std::getline(s, campo, '\t');) campos.push_back(campo);
-    return campos;
-}
-
 TEST(Convertir, FicherosDeCadaFormato) {
-    const std::vector<std::string> filas = prueba::LineasDeDatos("convertir.txt");
+    const auto filas = prueba::Tabla("convertir.txt", 4);
     ASSERT_EQ(10u, filas.size());
-    for (const std::string& fila : filas) {
-        const std::vector<std::string> c = Campos(fila);
-        ASSERT_GE(c.size(), 4u) << fila;
+    for (const auto& c : filas) {
         bool hay = false;
         const std::string entrada = Bytes(c[0], &hay);
         ASSERT_TRUE(hay) << c[0];
@@ -66,25 +56,14 @@ TEST(Convertir, FicherosDeCadaFormato) {
     }
 }
 
-// Sin --formato manda la extensión y, si no dice nada, lo que hay dentro.
+// Los casos de tests/datos/formatos.txt; el nombre del formato, sin mirar mayúsculas.
 TEST(Convertir, FormatoPorExtensionYContenido) {
-    struct Caso {
-        const char* ruta;
-        const char* bytes;
-        FormatoEntrada formato;
-    };
-    const Caso casos[] = {
-        {"a.json", "", FormatoEntrada::OpenTdb},
-        {"A.GIFT", "", FormatoEntrada::Gift},
-        {"a.txt", "  {\"results\":[]}", FormatoEntrada::OpenTdb},
-        {"a.txt", "P\nA) x\nB) y\nanswer: A\n", FormatoEntrada::Aiken},
-        {"a.txt", "P {=x ~y}\n", FormatoEntrada::Gift},
-        {"preguntas", "P\nA. x\n", FormatoEntrada::Aiken},
-    };
-    for (const Caso& c : casos) EXPECT_EQ(c.formato, DetectarFormato(c.ruta, c.bytes)) << c.ruta;
+    for (const auto& c : prueba::Tabla("formatos.txt", 3)) {
+        FormatoEntrada f{};
+        ASSERT_TRUE(FormatoPorNombre(c[2], f)) << c[2];
+        EXPECT_EQ(f, DetectarFormato(c[0], prueba::Bytes(c[1]))) << c[0] << " " << c[1];
+    }
     FormatoEntrada f{};
-    EXPECT_TRUE(FormatoPorNombre("GIFT", f));
-    EXPECT_EQ(FormatoEntrada::Gift, f);
     EXPECT_FALSE(FormatoPorNombre("moodle", f));
 }
 

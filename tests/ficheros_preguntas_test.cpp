@@ -17,44 +17,30 @@ void PonerFicheros(JuegoPrueba& jp, std::array<std::string, 7> nombres) {
     }
 }
 
-TEST(FicherosPreguntas, FaltanFicheros) {
-    {
-        JuegoPrueba jp;  // primer arranque: sin nombres
-        EXPECT_TRUE(jp.f().FaltanFicheros());
-    }
-    {
-        JuegoPrueba jp;
-        PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
-        EXPECT_FALSE(jp.f().FaltanFicheros());
-        jp.m().FicheroTema[4] = "no_esta";  // uno solo basta
-        EXPECT_TRUE(jp.f().FaltanFicheros());
-        jp.m().FicheroTema[4] = "";  // un tema vaciado en el editor
-        EXPECT_TRUE(jp.f().FaltanFicheros());
-    }
-    {
-        JuegoPrueba jp;  // los seis con el mismo fichero
-        PonerFicheros(jp, {"", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla"});
-        EXPECT_FALSE(jp.f().FaltanFicheros());
-        // Un ".qzf" a secas no es el fichero de un tema sin nombre.
-        jp.p.carpeta.Escribir("preguntas/.qzf", "q>x\r\n");
-        jp.m().FicheroTema[6] = "";
-        EXPECT_TRUE(jp.f().FaltanFicheros());
-    }
-    {
-        JuegoPrueba jp;  // en otra carpeta no cuenta
-        jp.p.carpeta.Escribir("a.qzf", "q>x\r\n");
-        jp.m().FicheroTema = {"", "a", "a", "a", "a", "a", "a"};
-        EXPECT_TRUE(jp.f().FaltanFicheros());
-    }
-}
+TEST(FicherosPreguntas, FaltanFicherosYCanalAbierto) {
+    JuegoPrueba jp;  // primer arranque: sin nombres
+    EXPECT_TRUE(jp.f().FaltanFicheros());
+    PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
+    EXPECT_FALSE(jp.f().FaltanFicheros());
+    jp.m().FicheroTema[4] = "no_esta";  // uno solo basta
+    EXPECT_TRUE(jp.f().FaltanFicheros());
+    jp.m().FicheroTema[4] = "";  // un tema vaciado en el editor
+    EXPECT_TRUE(jp.f().FaltanFicheros());
+    PonerFicheros(jp, {"", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla"});
+    EXPECT_FALSE(jp.f().FaltanFicheros());
+    // Un ".qzf" a secas no es el fichero de un tema sin nombre.
+    jp.p.carpeta.Escribir("preguntas/.qzf", "q>x\r\n");
+    jp.m().FicheroTema[6] = "";
+    EXPECT_TRUE(jp.f().FaltanFicheros());
+    // En otra carpeta no cuenta.
+    jp.p.carpeta.Escribir("g.qzf", "q>x\r\n");
+    jp.m().FicheroTema = {"", "g", "g", "g", "g", "g", "g"};
+    EXPECT_TRUE(jp.f().FaltanFicheros());
 
-TEST(FicherosPreguntas, CanalAbierto) {
-    JuegoPrueba jp;
+    // Un canal abierto sigue abierto aunque se borre su fichero.
     PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
     Canales& canales = jp.juego->canales;
-    EXPECT_FALSE(CanalAbierto(canales, 0));
-    EXPECT_FALSE(CanalAbierto(canales, 3));
-    EXPECT_FALSE(CanalAbierto(canales, -1));
+    for (int canal : {0, 3, -1}) EXPECT_FALSE(CanalAbierto(canales, canal));
     const std::string ruta = Ruta(jp.p.CarpetaPrograma(), {"preguntas", "c.qzf"});
     ASSERT_EQ(0, canales.Abrir(3, ruta));
     EXPECT_TRUE(CanalAbierto(canales, 3));
