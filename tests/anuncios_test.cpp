@@ -22,8 +22,8 @@ TEST_P(Voz, DiceCadaCosaNuevaUnaVezYEnOrden) {
             (oido["oido"].empty() ? "" : " ¦ ") + std::string(l == Anuncios::Lugar::Panel ? "P:" : "D:") + t;
     });
     std::vector<std::unique_ptr<Anuncios::Tramo>> tramos;
-    for (const std::string& paso : prueba::Partir(GetParam().acciones, '|')) {
-        const std::string texto = prueba::ConSaltos(paso.substr(1));
+    for (const std::string& paso : prueba::Lista(GetParam().acciones, '|')) {
+        const std::string texto = prueba::Bytes(paso.substr(1), false);
         switch (paso[0]) {
             case 'R': a.Reemplazar(texto); break;
             case 'A': a.Anadir(texto); break;

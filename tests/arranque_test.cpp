@@ -13,17 +13,14 @@ TEST(Bienvenida, TextoSegunJugadoresYQuesitos) {
     const std::vector<std::string> filas = prueba::LineasDeDatos("bienvenida.txt");
     ASSERT_EQ(filas.size(), 6u);
     for (const std::string& fila : filas) {
-        const std::vector<std::string> campos = prueba::Partir(fila, '\t');
+        const std::vector<std::string> campos = prueba::Campos(fila);
         ASSERT_EQ(campos.size(), 4u) << fila;
         Module1 m;
         m.NumJugadores = std::stoi(campos[0]);
         m.QuesitosParaGanar = std::stoi(campos[1]);
-        const std::vector<std::string> etiquetas = prueba::Partir(campos[2] + "|", '|');
+        const std::vector<std::string> etiquetas = prueba::Campos(campos[2], '|');
         for (std::size_t t = 1; t <= 6; ++t) m.EtiquetaTema[t] = etiquetas.at(t - 1);
-        std::string texto = campos[3];
-        for (std::size_t i = texto.find('|'); i != std::string::npos; i = texto.find('|', i + 2))
-            texto.replace(i, 1, "\r\n");
-        EXPECT_EQ(MensajeBienvenida(m), texto) << fila;
+        EXPECT_EQ(MensajeBienvenida(m), prueba::Bytes(campos[3])) << fila;
     }
 }
 

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <set>
 
-#include "apoyo/preguntas_prueba.h"
+#include "apoyo/datos_prueba.h"
 #include "questions/revision.h"
 
 namespace sabelot {

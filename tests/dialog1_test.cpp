@@ -56,7 +56,7 @@ class Pregunta : public Dialogo1, public ::testing::WithParamInterface<std::stri
 
 TEST_P(Pregunta, LoQueSeVe) {
     for (int t = 1; t <= 3; ++t) Poner(t, kTres);
-    const auto c = Campos(GetParam());
+    const auto c = CamposEnBytes(GetParam());
     p.hora = std::stoi(c[1]);
     p.minuto = std::stoi(c[2]);
     p.segundo = std::stoi(c[3]);
@@ -77,7 +77,7 @@ TEST_F(Dialogo1, TeclasDeLasRespuestas) {
     VistaCuenta vista(p, d);
     d.PonerVista(&vista);
     for (const std::string& fila : LineasDeDatos("dialog1_teclas.txt")) {
-        const auto c = Campos(fila);
+        const auto c = CamposEnBytes(fila);
         if (c.size() == 2) {
             Poner(std::stoi(c[0]), Qzf(Campos(c[1], '|')));
             p.pitidos = 0;
@@ -103,14 +103,14 @@ TEST_F(Dialogo1, Veredictos) {
     int tema = 0;
     for (const std::string& fila : LineasDeDatos("dialog1_veredictos.txt")) {
         SCOPED_TRACE(fila);
-        const auto c = Campos(fila);
+        const auto c = CamposEnBytes(fila);
         m.CuentaMazo[static_cast<std::size_t>(++tema)] = 5;
         Poner(tema, Qzf(Campos(c[1], '|')));
         Abrir(tema);
         d.RespuestaCorrecta = c[3] != "1";
         bool visibleAlDecirlo = false;
         p.alMensaje = [&](const PlataformaGuion::Mensaje&) { visibleAlDecirlo = d.Visible; };
-        for (const std::string& t : Campos(c[0], ' ')) Tecla(std::stoi(t));
+        for (const std::string& t : Lista(c[0], ' ')) Tecla(std::stoi(t));
         p.alMensaje = nullptr;
         ASSERT_EQ(p.mensajes.size(), 1u);
         EXPECT_EQ(

@@ -46,7 +46,7 @@ protected:
 };
 
 TEST_P(DialogTest, Caso) {
-    auto c = Campos(GetParam());
+    auto c = CamposEnBytes(GetParam());
     c.resize(9);
     d.PonerVista(this);
     d.ValorEnDado = std::stoi(c[0]);
@@ -59,7 +59,7 @@ TEST_P(DialogTest, Caso) {
             return;
 #endif
         } else {
-            for (const auto& r : Campos(c[3], ' ')) p.siNo.push_back(r == "Sí" ? vbYes : vbNo);
+            for (const auto& r : Lista(c[3], ' ')) p.siNo.push_back(r == "Sí" ? vbYes : vbNo);
             Abrir();
         }
         // Con los botones puestos, la vista enseña lo que hay.
@@ -68,7 +68,7 @@ TEST_P(DialogTest, Caso) {
         }
         EXPECT_EQ(Estado(), c[5]);
         Anotar();
-        for (const auto& paso : Campos(c[4], ' ')) {
+        for (const auto& paso : Lista(c[4], ' ')) {
             if (paso == "X") {
                 const bool sigue = d.Form_QueryUnload();
                 Anotar();

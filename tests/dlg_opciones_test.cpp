@@ -44,7 +44,7 @@ struct Jugador : Entorno {
     bool atendida = false;
 
     void Copiar(const std::string& nombres) {
-        for (const auto& n : Campos(nombres, '|'))
+        for (const auto& n : Lista(nombres, '|'))
             p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
     }
     // "Abajo", "Abajo*9", "Alt+Q", "F2"...; Enter y F2 contestan la caja con los textos ("|" entre uno y
@@ -60,7 +60,7 @@ struct Jugador : Entorno {
         tecla = tecla.substr(mas + 1, por - mas - 1);
         const int codigo = tecla.size() == 1 ? tecla[0] : kCodigos.at(tecla);
         if (codigo == vbKeyReturn || codigo == vbKeyF2)
-            for (const auto& t : Campos(texto + "|", '|')) p.textos.push_back(t);
+            for (const auto& t : Campos(texto, '|')) p.textos.push_back(t);
         for (int i = 0; i < veces; ++i) atendida = d->Tecla(control, codigo, shift);
     }
     // Otra ejecución del juego: las opciones de Sabelot.ini y el diálogo sin cargar.
@@ -167,7 +167,7 @@ class Guion : public ::testing::TestWithParam<std::vector<std::string>>, public 
 TEST_P(Guion, Pasos) {
     for (std::size_t i = 1; i < GetParam().size(); ++i) {
         const std::string& fila = GetParam()[i];
-        const auto c = Campos(fila);
+        const auto c = CamposEnBytes(fila);
         if (fila.rfind("= ", 0) == 0) {
             EXPECT_EQ(Ver(c[0].substr(2)), c.size() > 1 ? c[1] : "") << fila;
         } else {

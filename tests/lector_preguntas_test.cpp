@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <random>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/plataforma_guion.h"
-#include "apoyo/preguntas_prueba.h"
 #include "questions/dialog1.h"
 #include "questions/mazo.h"
 #include "storage/canales.h"

@@ -1,8 +1,8 @@
 // El lector del tablero: el texto exacto de cada casilla, que es lo que oye el jugador.
 #include <gtest/gtest.h>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/juego_prueba.h"
-#include "apoyo/preguntas_prueba.h"
 
 namespace sabelot {
 namespace {

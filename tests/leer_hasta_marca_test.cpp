@@ -6,9 +6,9 @@
 #include <memory>
 #include <random>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/ficheros_averiados.h"
 #include "apoyo/plataforma_guion.h"
-#include "apoyo/preguntas_prueba.h"
 #include "storage/sistema_ficheros.h"
 
 namespace sabelot {

@@ -122,10 +122,8 @@ TEST(Partidas, IdaYVueltaConUnoYConSeisJugadores) {
 // Con el nombre, el fichero que queda y se vuelve a cargar, o el aviso y nada escrito.
 TEST(Partidas, NombresDePartida) {
     for (const std::string& fila : prueba::LineasDeDatos("nombres_partida.txt")) {
-        std::string nombre = fila.substr(0, fila.find('\t'));
-        const std::string fichero = fila.substr(nombre.size() + 1);
-        for (const auto& [escrito, bytes] : {std::pair{"\\t", "\t"}, std::pair{"\\x01", "\x01"}})
-            if (nombre.find(escrito) != std::string::npos) nombre.replace(nombre.find(escrito), 4, bytes);
+        const std::vector<std::string> campos = prueba::CamposEnBytes(fila);
+        const std::string &nombre = campos[0], &fichero = campos[1];
         JuegoPrueba jp;
         PartidaEnJuego(jp);
         const std::string antes = Foto(jp);

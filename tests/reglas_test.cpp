@@ -10,7 +10,7 @@
 namespace sabelot {
 namespace {
 
-using prueba::Partir;
+using prueba::Lista;
 
 // Lo que la ventana principal recibe de la lógica, en orden.
 struct VistaApunte : VistaForm1 {
@@ -25,7 +25,7 @@ struct VistaApunte : VistaForm1 {
 
 // El valor de una clave de la preparación, o el dado si no está.
 std::string Valor(const std::string& preparacion, const std::string& clave, const std::string& porDefecto) {
-    for (const std::string& par : Partir(preparacion, ';'))
+    for (const std::string& par : Lista(preparacion, ';'))
         if (par.rfind(clave + "=", 0) == 0) return par.substr(clave.size() + 1);
     return porDefecto;
 }
@@ -79,7 +79,7 @@ TEST_P(ReglasTest, Partida) {
     };
     bool terminado = false;
     try {
-        for (const std::string& a : Partir(c.acciones, ' ')) {
+        for (const std::string& a : Lista(c.acciones, ' ')) {
             if (a[0] == 'P') j.f().HacerPregunta(std::stoi(a.substr(1)));
             if (a[0] != 'T') continue;  // T2>7: un 2 en el dado y a la casilla 7, antes que lo demás
             j.p.azar.push_back(prueba::AzarDado(std::stoi(a.substr(1))));

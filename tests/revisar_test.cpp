@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "apoyo/preguntas_prueba.h"
+#include "apoyo/datos_prueba.h"
 #include "questions/revision.h"
 
 namespace sabelot {

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/plataforma_guion.h"
-#include "apoyo/preguntas_prueba.h"
 #include "storage/canales.h"
 
 namespace sabelot {

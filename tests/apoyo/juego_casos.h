@@ -17,19 +17,6 @@
 
 namespace sabelot::prueba {
 
-inline std::vector<std::string> Partir(const std::string& texto, char separador) {
-    std::vector<std::string> trozos;
-    std::istringstream s(texto);
-    for (std::string t; std::getline(s, t, separador);) trozos.push_back(t);
-    return trozos;
-}
-
-inline std::string ConSaltos(std::string s) {
-    for (std::size_t i = s.find("\\r\\n"); i != std::string::npos; i = s.find("\\r\\n", i + 2))
-        s.replace(i, 4, "\r\n");
-    return s;
-}
-
 // Un caso de la tabla; el nombre sale en la lista de pruebas.
 struct Caso {
     std::string nombre, preparacion, acciones;
@@ -40,7 +27,7 @@ inline void PrintTo(const Caso& c, std::ostream* os) { *os << c.nombre; }
 inline std::vector<Caso> Casos(const std::string& fichero) {
     std::vector<Caso> casos;
     for (const std::string& linea : LineasDeDatos(fichero)) {
-        std::vector<std::string> c = Partir(linea, '\t');
+        std::vector<std::string> c = Campos(linea);
         c.resize(std::max<std::size_t>(c.size(), 3));
         casos.push_back({c[0], c[1], c[2], std::vector<std::string>(c.begin() + 3, c.end())});
     }
@@ -49,7 +36,8 @@ inline std::vector<Caso> Casos(const std::string& fichero) {
 
 inline std::vector<int> Numeros(const std::string& lista, char separador = ',') {
     std::vector<int> v;
-    for (const std::string& n : Partir(lista, separador)) v.push_back(std::stoi(n));
+    for (const std::string& n : Lista(lista, separador))
+        if (!n.empty()) v.push_back(std::stoi(n));  // "7_12_" acaba en separador
     return v;
 }
 
@@ -57,9 +45,9 @@ inline std::vector<int> Numeros(const std::string& lista, char separador = ',') 
 inline void Preparar(JuegoPrueba& j, const std::string& preparacion) {
     Form1& f = j.f();
     Module1& m = j.m();
-    for (const std::string& par : Partir(preparacion, ';')) {
+    for (const std::string& par : Lista(preparacion, ';')) {
         const std::size_t igual = par.find('=');
-        const std::string clave = par.substr(0, igual), valor = ConSaltos(par.substr(igual + 1));
+        const std::string clave = par.substr(0, igual), valor = Bytes(par.substr(igual + 1), false);
         const std::vector<int> n =
             std::isdigit(static_cast<unsigned char>(valor[0])) ? Numeros(valor) : std::vector<int>{};
         if (clave == "jugadores") m.DimensionarTablas(m.NumJugadores = n[0]);
@@ -80,7 +68,7 @@ inline void Preparar(JuegoPrueba& j, const std::string& preparacion) {
         if (clave == "anexas") f.LeerAnexas = n[0];
         if (clave == "hora") std::tie(j.p.hora, j.p.minuto, j.p.segundo) = std::tie(n[0], n[1], n[2]);
         for (int cara : clave == "dado" ? n : std::vector<int>{}) j.p.azar.push_back(AzarDado(cara));
-        for (const std::string& x : clave == "azar" ? Partir(valor, ',') : std::vector<std::string>{})
+        for (const std::string& x : clave == "azar" ? Lista(valor, ',') : std::vector<std::string>{})
             j.p.azar.push_back(std::stod(x));
         if (clave == "respuestas") j.p.respuestas.assign(n.begin(), n.end());
         if (clave == "botones") j.p.botones.assign(n.begin(), n.end());
@@ -144,7 +132,8 @@ inline void Comprobar(const std::map<std::string, std::string>& visto,
     for (const std::string& e : esperado) {
         const std::string clave = e.substr(0, e.find('='));
         const auto it = visto.find(clave);
-        EXPECT_EQ(ConSaltos(e.substr(e.find('=') + 1)), it == visto.end() ? "(nada)" : it->second) << clave;
+        EXPECT_EQ(Bytes(e.substr(e.find('=') + 1), false), it == visto.end() ? "(nada)" : it->second)
+            << clave;
     }
 }
 
@@ -182,7 +171,7 @@ inline void Jugar(const Caso& c) {
     Preparar(j, "jugadores=1;" + c.preparacion);
     std::map<std::string, std::string> o;
     ApuntarAvisos(j, o);
-    for (const std::string& tecla : Partir(c.acciones, ' ')) Pulsar(j, tecla);
+    for (const std::string& tecla : Lista(c.acciones, ' ')) Pulsar(j, tecla);
     o.merge(Observar(j));
     Comprobar(o, c.esperado);
 }
