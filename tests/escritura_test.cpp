@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "apoyo/ficheros_averiados.h"
@@ -35,14 +36,11 @@ protected:
 };
 
 TEST_F(Escritura, CadaFalloDejaElFicheroAnteriorYNadaMas) {
-    enum Fallo { kCrear, kEscribir, kCerrar, kRenombrar };
-    for (Fallo fallo : {kCrear, kEscribir, kCerrar, kRenombrar}) {
+    for (int fallo = 0; fallo < 4; ++fallo) {  // al crear, al escribir, al cerrar o al renombrar
         c.Escribir("partida.sav", "vieja");
         FicherosAveriados averiados(real);
-        averiados.fallaCrear = fallo == kCrear;
-        averiados.fallaEscribir = fallo == kEscribir;
-        averiados.fallaCerrar = fallo == kCerrar;
-        averiados.fallaRenombrar = fallo == kRenombrar;
+        std::tie(averiados.fallaCrear, averiados.fallaEscribir, averiados.fallaCerrar,
+                 averiados.fallaRenombrar) = std::tuple(fallo == 0, fallo == 1, fallo == 2, fallo == 3);
         EXPECT_FALSE(EscribirDeUnaVez(averiados, Destino(), "nueva")) << fallo;
         EXPECT_EQ(c.Leer("partida.sav"), "vieja") << fallo;
         EXPECT_EQ(Nombres(c), std::vector<std::string>{"partida.sav"})

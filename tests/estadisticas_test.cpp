@@ -6,10 +6,7 @@
 namespace sabelot {
 namespace {
 
-class EstadisticasTest : public ::testing::TestWithParam<prueba::Caso> {};
-TEST_P(EstadisticasTest, Informe) { prueba::Jugar(GetParam()); }
-INSTANTIATE_TEST_SUITE_P(Estadisticas, EstadisticasTest,
-                         ::testing::ValuesIn(prueba::Casos("estadisticas.txt")), prueba::NombreDelCaso);
+SABELOT_CASOS_JUGADOS(Estadisticas, "estadisticas.txt");
 
 }  // namespace
 }  // namespace sabelot

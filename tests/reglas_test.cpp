@@ -12,36 +12,20 @@ namespace {
 
 using prueba::Lista;
 
-// Lo que la ventana principal recibe de la lógica, en orden.
-struct VistaApunte : VistaForm1 {
-    std::string hechos;
-    void PonerTexto1(const std::string&) override {}
-    void PonerTitulo(const std::string&) override {}
-    void Mostrar() override { hechos += (hechos.empty() ? "" : ",") + std::string("Mostrar"); }
-    void Ocultar() override { hechos += (hechos.empty() ? "" : ",") + std::string("Ocultar"); }
-    bool FocoEnPicture1() override { return true; }
-    void FocoAPicture1() override {}
-};
-
-// El valor de una clave de la preparación, o el dado si no está.
-std::string Valor(const std::string& preparacion, const std::string& clave, const std::string& porDefecto) {
-    for (const std::string& par : Lista(preparacion, ';'))
-        if (par.rfind(clave + "=", 0) == 0) return par.substr(clave.size() + 1);
-    return porDefecto;
-}
-
 class ReglasTest : public ::testing::TestWithParam<prueba::Caso> {};
 
 TEST_P(ReglasTest, Partida) {
     const prueba::Caso& c = GetParam();
     prueba::JuegoPrueba j;
     prueba::Preparar(j, "datos=1,6;texto=;" + c.preparacion);
-    VistaApunte vista;
-    j.f().PonerVista(&vista);
-    const std::string v = Valor(c.preparacion, "veredictos", "");
-    std::deque<char> veredictos(v.begin(), v.end());
+    j.f().PonerVista(&j.vista);
+    std::deque<char> veredictos;
     std::deque<int> elecciones;  // valor de cada Dialog (casilla o categoría), no el botón
-    for (int e : prueba::Numeros(Valor(c.preparacion, "elecciones", ""))) elecciones.push_back(e);
+    for (const std::string& par : Lista(c.preparacion, ';')) {
+        if (par.rfind("veredictos=", 0) == 0) veredictos.assign(par.begin() + 11, par.end());
+        for (int e : par.rfind("elecciones=", 0) ? std::vector<int>{} : prueba::Numeros(par.substr(11)))
+            elecciones.push_back(e);
+    }
     std::map<std::string, std::string> o{
         {"preguntados", ""}, {"enPregunta", ""}, {"titulos", ""}, {"listas", ""}};
     prueba::ApuntarAvisos(j, o);
@@ -67,7 +51,8 @@ TEST_P(ReglasTest, Partida) {
     };
     j.p.alMostrarDialog1 = [&](Dialog1& d) {
         o["preguntados"] += (preguntas ? "," : "") + std::to_string(d.NTema);
-        o["enPregunta"] += (preguntas++ ? "," : "") + vista.hechos.substr(vista.hechos.find_last_of(',') + 1);
+        o["enPregunta"] +=
+            (preguntas++ ? "," : "") + j.vista.hechos.substr(j.vista.hechos.find_last_of(',') + 1);
         if (veredictos.empty()) {
             ADD_FAILURE() << "Dialog1 sin veredicto en el guion";
             j.p.TerminarPrograma();
@@ -91,10 +76,8 @@ TEST_P(ReglasTest, Partida) {
     }
     o.merge(prueba::Observar(j));
     o["terminado"] = std::to_string(terminado);
-    o["hechos"] = vista.hechos;
     prueba::Comprobar(o, c.esperado);
     EXPECT_TRUE(elecciones.empty() && veredictos.empty()) << "sobra guion: algo que se esperaba no llegó";
-    j.f().PonerVista(nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Reglas, ReglasTest, ::testing::ValuesIn(prueba::Casos("reglas.txt")),

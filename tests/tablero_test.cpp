@@ -11,9 +11,8 @@ namespace {
 std::string Describir(const Casilla& c) {
     std::string s = std::to_string(c.Numero);
     for (int v : {c.EsQuesito ? -1 : 0, c.EsCentro ? -1 : 0, c.EsDados ? -1 : 0, c.Tema, c.Izquierda,
-                  c.Derecha, c.Arriba, c.Abajo}) {
+                  c.Derecha, c.Arriba, c.Abajo})
         s += "," + std::to_string(v);
-    }
     return s;
 }
 
@@ -24,9 +23,8 @@ TEST(TableroTest, CadaCasillaConSusNueveCampos) {
     j.f().ConstruirTablero();
     const std::vector<std::string> tabla = prueba::LineasDeDatos("tablero.txt");
     ASSERT_EQ(tabla.size(), 81u);
-    for (std::size_t i = 0; i < tabla.size(); ++i) {
+    for (std::size_t i = 0; i < tabla.size(); ++i)
         EXPECT_EQ(Describir(j.f().Tablero[i]), tabla[i]) << "casilla " << i;
-    }
 }
 
 }  // namespace

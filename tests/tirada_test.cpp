@@ -24,38 +24,32 @@ class TiradaTest : public ::testing::Test {
 protected:
     TiradaTest() {
         prueba::Preparar(j, "datos=1,6");
-        // El destino se anota; lo que venga después (pregunta o centro) no pregunta nada.
+        // El destino se anota y se elige el primero; lo que venga después (pregunta o centro) no pregunta
+        // nada.
         j.p.alMostrarDialog = [this](Dialog& d) {
-            if (d.ValorEnDado >= 1 && actual_) {
-                ++actual_->dialogos;
-                actual_->lista = j.m().ListaValores;
-                actual_->texto = d.Mensaje;
-                actual_->caminos = j.f().CaminosPendientes;
-                actual_->valorEnDado = d.ValorEnDado;
-                j.m().ValorElegido = prueba::Numeros(j.m().ListaValores, '_').at(0);
-            } else {
-                j.m().ValorElegido = 1;
-            }
+            if (d.ValorEnDado >= 1)
+                b = {j.m().ListaValores, d.Mensaje, j.f().CaminosPendientes,
+                     b.dialogos + 1,     0,         d.ValorEnDado};
+            j.m().ValorElegido = d.ValorEnDado >= 1 ? prueba::Numeros(j.m().ListaValores, '_').at(0) : 1;
         };
         j.p.alMostrarDialog1 = [](Dialog1& d) { d.SinPregunta = true; };
     }
 
-    Busqueda Buscar(int casilla, int dado) {
-        Busqueda b;
-        actual_ = &b;
+    // La tirada sale de la ficha, no del cursor.
+    const Busqueda& Buscar(int casilla, int dado) {
+        b = {};
         j.f().JugadorActual = 1;
-        j.f().CasillaCursor = 50;  // la tirada sale de la ficha, no del cursor
+        j.f().CasillaCursor = 50;
         j.f().PosicionFicha[1] = casilla;
         j.p.azar = {AzarDado(dado)};
-        const int antes = j.p.pitidos;
+        j.p.pitidos = 0;
         j.f().ResolverTirada();
-        b.pitidos = j.p.pitidos - antes;
-        actual_ = nullptr;
+        b.pitidos = j.p.pitidos;
         return b;
     }
 
     prueba::JuegoPrueba j;
-    Busqueda* actual_ = nullptr;
+    Busqueda b;
 };
 
 TEST_F(TiradaTest, ElDadoEsLaParteEnteraDeSeisVecesRnd) {
@@ -80,16 +74,15 @@ TEST_F(TiradaTest, TodasLasCasillasConTodasLasCaras) {
             SCOPED_TRACE("casilla " + std::to_string(casilla) + ", dado " + std::to_string(dado));
             std::string lista;
             campos >> lista;
-            const Busqueda b = Buscar(casilla, dado);
+            Buscar(casilla, dado);
             EXPECT_EQ(b.lista, lista);
             EXPECT_EQ(static_cast<std::size_t>(std::count(b.texto.begin(), b.texto.end(), '\n')),
                       prueba::Numeros(lista, '_').size() + 2);
-            EXPECT_EQ(b.dialogos, 1);
-            EXPECT_EQ(b.valorEnDado, dado);
-            EXPECT_EQ(b.caminos, 0);
+            // Un diálogo, con la búsqueda cerrada y el dado a la vista.
+            EXPECT_EQ(
+                std::tuple(b.dialogos, b.caminos, j.f().CaminosPendientes, b.valorEnDado, j.f().ValorDado),
+                std::tuple(1, 0, 0, dado, dado));
             EXPECT_EQ(b.pitidos, casilla == 0 && dado == 1 ? 0 : 1);
-            EXPECT_EQ(j.f().CaminosPendientes, 0);
-            EXPECT_EQ(j.f().ValorDado, dado);
         }
     }
 }
@@ -106,11 +99,7 @@ TEST_F(TiradaTest, TextosDeDestinos) {
 
 TEST_F(TiradaTest, UnaEtiquetaPropiaEntraConSusBlancos) {
     j.m().EtiquetaTema[1] = "Películas ";
-    Busqueda b = Buscar(11, 5);
-    // 16 es el quesito de la categoría 1.
-    EXPECT_EQ(prueba::Numeros(b.lista, '_'), (std::vector<int>{1, 74, 41}));
-    b = Buscar(43, 1);
-    EXPECT_EQ(b.texto,
+    EXPECT_EQ(Buscar(43, 1).texto,
               "Lanzas el dado y sacas un 1.\r\nPuedes ir a casillas de:\r\n"
               " casilla de dados  (derecha )\r\n"
               "Quesito Películas  (izquierda )\r\n");

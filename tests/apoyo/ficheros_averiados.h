@@ -80,10 +80,7 @@ private:
             if (!capa_.fallaEscribir) return f_->Escribir(bytes.substr(bytes.size() / 2));
             return false;
         }
-        bool Cerrar() override {
-            bool bien = f_->Cerrar();
-            return bien && !capa_.fallaCerrar;
-        }
+        bool Cerrar() override { return f_->Cerrar() && !capa_.fallaCerrar; }  // cierra siempre
 
     private:
         FicherosAveriados& capa_;

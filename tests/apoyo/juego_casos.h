@@ -26,11 +26,8 @@ inline void PrintTo(const Caso& c, std::ostream* os) { *os << c.nombre; }
 
 inline std::vector<Caso> Casos(const std::string& fichero) {
     std::vector<Caso> casos;
-    for (const std::string& linea : LineasDeDatos(fichero)) {
-        std::vector<std::string> c = Campos(linea);
-        c.resize(std::max<std::size_t>(c.size(), 3));
+    for (const std::vector<std::string>& c : Tabla(fichero, 3))
         casos.push_back({c[0], c[1], c[2], std::vector<std::string>(c.begin() + 3, c.end())});
-    }
     return casos;
 }
 
@@ -61,10 +58,8 @@ inline void Preparar(JuegoPrueba& j, const std::string& preparacion) {
         if (clave == "sino") j.p.siNo.assign(n.begin(), n.end());
         for (std::size_t i = 0; clave == "fichas" && i < n.size(); ++i) f.PosicionFicha[i + 1] = n[i];
         if (clave == "quesitos") m.QuesitosParaGanar = n[0];
-        if (clave == "datos") {  // la partida recién arrancada con esos datos, sin lo que dijo
-            PonerDatosMinimos(j.p.carpeta, n[0], n[1]);
-            j.Arrancar();
-        }
+        // datos: la partida recién arrancada con esos datos, sin lo que dijo.
+        if (clave == "datos") PonerDatosMinimos(j.p.carpeta, n[0], n[1]), j.Arrancar();
         if (clave == "anexas") f.LeerAnexas = n[0];
         if (clave == "hora") std::tie(j.p.hora, j.p.minuto, j.p.segundo) = std::tie(n[0], n[1], n[2]);
         for (int cara : clave == "dado" ? n : std::vector<int>{}) j.p.azar.push_back(AzarDado(cara));
@@ -79,10 +74,9 @@ inline void Preparar(JuegoPrueba& j, const std::string& preparacion) {
             m.QuesitoGanado(t, clave[8] - '0') = true;
             ++m.NumQuesitos(clave[8] - '0');
         }
-        if (clave == "cuenta") {  // tema,jugador,aciertos,preguntas
-            m.Aciertos(n[0], n[1]) = n[2];
-            m.Preguntas(n[0], n[1]) = n[3];
-        }
+        if (clave.find('/') != std::string::npos) j.p.carpeta.Escribir(clave, valor);  // un fichero
+        // cuenta: tema,jugador,aciertos,preguntas.
+        if (clave == "cuenta") m.Aciertos(n[0], n[1]) = n[2], m.Preguntas(n[0], n[1]) = n[3];
     }
     j.p.dichos.clear();
 }
@@ -99,7 +93,8 @@ inline std::map<std::string, std::string> Observar(JuegoPrueba& j) {
         {"pitidos", n(j.p.pitidos)}, {"jugadores", n(m.NumJugadores)}, {"quesitos", n(m.QuesitosParaGanar)},
         {"opciones", n(j.p.opcionesMostradas)}, {"dialogos", n(j.p.dialogosMostrados)}, {"mensajes", n(j.p.mensajes.size())}, {"sino", n(j.p.siNo.size())},
         {"entradas", ""}, {"sonidos", ""}, {"oido", ""}, {"semilla", n(j.p.ultimaSemilla)},
-        {"caminos", n(f.CaminosPendientes)}, {"azar", n(j.p.azar.size())}, {"valorDado", n(f.ValorDado)}};
+        {"caminos", n(f.CaminosPendientes)}, {"azar", n(j.p.azar.size())}, {"valorDado", n(f.ValorDado)},
+        {"pregunta", j.juego->dialog1.Pregunta}, {"panel", j.vista.texto}, {"hechos", j.vista.hechos}, {"iniciales", ""}, {"indicaciones", ""}};
     // clang-format on
     o["tablas"] = n(m.Preguntas.Jugadores()) + n(m.Aciertos.Jugadores()) + n(m.QuesitoGanado.Jugadores()) +
                   n(m.NumQuesitos.Limite());
@@ -115,7 +110,11 @@ inline std::map<std::string, std::string> Observar(JuegoPrueba& j) {
     }
     for (const auto& msg : j.p.mensajes)
         o["mensaje" + n(&msg - &j.p.mensajes[0] + 1)] = msg.texto + "|" + n(msg.estilo) + "|" + msg.titulo;
-    for (const auto& e : j.p.entradas) o["entradas"] += (o["entradas"].empty() ? "" : "|") + e.titulo;
+    for (const auto& e : j.p.entradas) {
+        o["entradas"] += (o["entradas"].empty() ? "" : "|") + e.titulo;
+        o["iniciales"] += (&e == &j.p.entradas[0] ? "" : "|") + e.inicial;
+        o["indicaciones"] += (&e == &j.p.entradas[0] ? "" : "|") + e.indicacion;
+    }
     for (const auto& [reproductor, ruta] : j.p.sonidos) {
         const std::string nombre = ruta.substr(ruta.find_last_of("/\\") + 1);
         const bool enSonidos = ruta == Ruta(j.p.CarpetaPrograma(), {"sonidos", nombre});
@@ -137,22 +136,27 @@ inline void Comprobar(const std::map<std::string, std::string>& visto,
     }
 }
 
-// "Arriba", "F2", "O+C" (S mayúsculas, C control, A alt), "#96" (un código a secas), o "Arrancar"
-// y "Nueva", que no son teclas sino el arranque y una partida nueva.
-inline void Pulsar(JuegoPrueba& j, const std::string& tecla) {
+// "Arriba", "F2", "O+C" (S mayúsculas, C control, A alt), "#96" (un código a secas); con "~" delante,
+// sin esperar al final del sonido del dado. "Suena" y "Fin" son el reproductor del dado, y "Arrancar"
+// y "Nueva", el arranque y una partida nueva.
+inline void Pulsar(JuegoPrueba& j, std::string tecla) {
     static const std::map<std::string, int> kNombres{
         {"Arriba", vbKeyUp}, {"Abajo", vbKeyDown}, {"Izquierda", vbKeyLeft}, {"Derecha", vbKeyRight},
         {"F1", vbKeyF1},     {"F2", vbKeyF2},      {"F3", vbKeyF3},          {"F4", vbKeyF4}};
     if (tecla == "Arrancar" || tecla == "Nueva")
         return tecla == "Nueva" ? j.f().NuevaPartida() : j.Arrancar(false);
+    if (tecla == "Suena" || tecla == "Fin") return j.f().MediaPlayer1_PlayStateChange(tecla == "Suena");
+    const bool sinEsperar = tecla[0] == '~';
+    if (sinEsperar) tecla.erase(0, 1);
     const std::string nombre = tecla.substr(0, tecla.find('+'));
     const std::string mods = tecla.substr(nombre.size());
     const int codigo = nombre[0] == '#'         ? std::stoi(nombre.substr(1))
                        : kNombres.count(nombre) ? kNombres.at(nombre)
                                                 : nombre[0];
-    j.Tecla(codigo, (mods.find('S') != std::string::npos ? vbShiftMask : 0) |
-                        (mods.find('C') != std::string::npos ? vbCtrlMask : 0) |
-                        (mods.find('A') != std::string::npos ? vbAltMask : 0));
+    const int shift = (mods.find('S') != std::string::npos ? vbShiftMask : 0) |
+                      (mods.find('C') != std::string::npos ? vbCtrlMask : 0) |
+                      (mods.find('A') != std::string::npos ? vbAltMask : 0);
+    sinEsperar ? j.f().Form_KeyDown(codigo, shift) : j.Tecla(codigo, shift);
 }
 
 // Lo que había al salir el aviso N queda en «o» con «AlAvisoN» tras la clave.
@@ -168,6 +172,7 @@ inline void Jugar(const Caso& c) {
     JuegoPrueba j;
     j.f().ConstruirTablero();
     j.f().PonerTitulo(TituloJugador(1));
+    j.f().PonerVista(&j.vista);
     Preparar(j, "jugadores=1;" + c.preparacion);
     std::map<std::string, std::string> o;
     ApuntarAvisos(j, o);
@@ -179,3 +184,10 @@ inline void Jugar(const Caso& c) {
 inline std::string NombreDelCaso(const ::testing::TestParamInfo<Caso>& info) { return info.param.nombre; }
 
 }  // namespace sabelot::prueba
+
+// Los casos de una tabla de tests/datos, cada uno una prueba que se juega con Jugar.
+#define SABELOT_CASOS_JUGADOS(Suite, fichero)                                                      \
+    class Suite : public ::testing::TestWithParam<::sabelot::prueba::Caso> {};                     \
+    TEST_P(Suite, Caso) { ::sabelot::prueba::Jugar(GetParam()); }                                  \
+    INSTANTIATE_TEST_SUITE_P(Tabla, Suite, ::testing::ValuesIn(::sabelot::prueba::Casos(fichero)), \
+                             ::sabelot::prueba::NombreDelCaso)

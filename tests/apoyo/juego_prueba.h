@@ -23,10 +23,24 @@ std::string Foto(Juego& j);
 // tecla ni un fichero estropeado pueden romper.
 std::string InvarianteRota(Juego& j);
 
+// Lo que la ventana principal recibe de la lógica: el último texto y, en orden, lo demás.
+struct VistaApunte : VistaForm1 {
+    std::string texto, hechos;
+    bool foco = false;
+    void Apuntar(const char* h) { hechos += (hechos.empty() ? "" : ",") + std::string(h); }
+    void PonerTexto1(const std::string& t) override { texto = t; }
+    void PonerTitulo(const std::string&) override {}
+    void Mostrar() override { Apuntar("Mostrar"); }
+    void Ocultar() override { Apuntar("Ocultar"); }
+    bool FocoEnPicture1() override { return foco; }
+    void FocoAPicture1() override { foco = true, Apuntar("Foco"); }
+};
+
 class JuegoPrueba {
 public:
     JuegoPrueba();
     PlataformaGuion p;
+    VistaApunte vista;  // sin poner: la pone quien la quiera mirar
     std::unique_ptr<Juego> juego;
     Form1& f() { return juego->form1; }
     Module1& m() { return juego->m; }
