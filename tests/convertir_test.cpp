@@ -6,7 +6,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <set>
 
 #include "apoyo/datos_prueba.h"
 #include "questions/revision.h"
@@ -65,23 +64,6 @@ TEST(Convertir, FormatoPorExtensionYContenido) {
     }
     FormatoEntrada f{};
     EXPECT_FALSE(FormatoPorNombre("moodle", f));
-}
-
-// La correcta de OpenTDB va siempre al mismo sitio para la misma pregunta, y a sitios
-// distintos en preguntas distintas.
-TEST(Convertir, OpenTdbColocaLaCorrectaSiempreIgual) {
-    std::string json = "{\"results\":[";
-    for (int i = 0; i < 12; ++i)
-        json += std::string(i ? "," : "") + "{\"type\":\"multiple\",\"question\":\"P" + std::to_string(i) +
-                "\",\"correct_answer\":\"Bien\",\"incorrect_answers\":[\"M1\",\"M2\",\"M3\"]}";
-    json += "]}";
-    const ResultadoConversion a = Convertir(FormatoEntrada::OpenTdb, json);
-    EXPECT_EQ(a.qzf, Convertir(FormatoEntrada::OpenTdb, json).qzf);
-    ASSERT_EQ(12, a.convertidas);
-    std::set<std::string> sitios;
-    for (std::size_t p = a.qzf.find("a>"); p != std::string::npos; p = a.qzf.find("a>", p + 1))
-        sitios.insert(a.qzf.substr(p, 3));
-    EXPECT_GT(sitios.size(), 1u);
 }
 
 }  // namespace
