@@ -11,24 +11,14 @@ namespace sabelot::prueba {
 namespace {
 
 // Como vista, cuenta y apunta el pitido y el texto de la respuesta en cada refresco.
-class Dialogo1 : public ::testing::Test, public Entorno, public VistaDialog1 {
+class Dialogo1 : public ::testing::Test, public ConDialog1, public VistaDialog1 {
 protected:
-    Dialog1 d{m, p, canales};
     int ocultaciones = 0;
     std::pair<int, std::string> visto;
 
     void Refrescar() override { visto = {p.pitidos, d.Text2}; }
     void Ocultar() override { ++ocultaciones; }
-    void SetUp() override {
-        for (std::size_t t = 1; t <= kNumTemas; ++t) {
-            m.FicheroTema[t] = "tema" + std::to_string(t);
-            m.CanalTema[t] = static_cast<int>(t);
-        }
-        m.EtiquetaTema = {"", "Cine", "Geografía", "Historia"};
-    }
-    void Poner(int tema, const std::string& bytes) {
-        p.carpeta.Escribir("preguntas/tema" + std::to_string(tema) + ".qzf", bytes);
-    }
+    void SetUp() override { m.EtiquetaTema = {"", "Cine", "Geografía", "Historia"}; }
     // Muestra el diálogo y lo deja abierto con la pregunta leída, sin contestar.
     void Abrir(int tema) {
         d.NTema = tema;

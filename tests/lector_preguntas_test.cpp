@@ -7,10 +7,8 @@
 #include <random>
 
 #include "apoyo/datos_prueba.h"
-#include "apoyo/plataforma_guion.h"
-#include "questions/dialog1.h"
+#include "apoyo/formas_prueba.h"
 #include "questions/mazo.h"
-#include "storage/canales.h"
 
 namespace sabelot {
 namespace {
@@ -18,25 +16,10 @@ namespace {
 using prueba::Campos;
 using prueba::QzfEscrito;
 
-// Un lector con su carpeta; el tema t lee preguntas/tema<t>.qzf por el canal t.
-struct Lector {
-    prueba::PlataformaGuion p;
-    Module1 m;
-    Canales canales{p.Ficheros()};
-    Dialog1 d{m, p, canales};
-
-    Lector() {
-        for (std::size_t t = 1; t <= kNumTemas; ++t) {
-            m.FicheroTema[t] = "tema" + std::to_string(t);
-            m.CanalTema[t] = static_cast<int>(t);
-        }
-    }
-    void Poner(const std::string& nombre, const std::string& bytes) {
-        p.carpeta.Escribir("preguntas/" + nombre + ".qzf", bytes);
-    }
+struct Lector : prueba::ConDialog1 {
     // Abre el fichero del tema en su primer byte, como tras dar la vuelta.
-    void AbrirArriba(int tema = 1) {
-        d.NTema = tema;
+    void AbrirArriba() {
+        d.NTema = 1;
         d.AbrirFichero(false, false);
         ASSERT_FALSE(d.FalloApertura);
     }
@@ -62,7 +45,7 @@ TEST(LectorPreguntas, ReglasDeRegistro) {
         SCOPED_TRACE(c[0]);
         Lector l;
         const std::string bytes = QzfEscrito(c[1]);
-        l.Poner("tema1", bytes);
+        l.Poner(1, bytes);
         l.m.MazoUsado[1] = c[7];
         l.AbrirArriba();
         l.d.LeerPregunta();
@@ -116,7 +99,7 @@ TEST(LectorPreguntas, PasadasYVueltaAlMazo) {
     for (const auto& c : prueba::Tabla("pasadas.txt", 5)) {
         SCOPED_TRACE(c[0]);
         Lector l;
-        l.Poner("tema1", QzfEscrito(c[1]));
+        l.Poner(1, QzfEscrito(c[1]));
         l.m.CuentaMazo[1] = 7;
         l.AbrirArriba();
         l.d.ContarPreguntas();
@@ -160,7 +143,7 @@ TEST(LectorPreguntas, ComienzoAlAzar) {
     for (const auto& [byte, pregunta] : casos) {
         SCOPED_TRACE(byte);
         Lector l;
-        l.Poner("tema1", bytes);
+        l.Poner(1, bytes);
         l.p.azar = {(static_cast<double>(byte) + 0.5) / static_cast<double>(bytes.size()), 0.0};
         l.d.NTema = 1;
         l.d.AbrirFichero(true, true);
@@ -176,8 +159,8 @@ TEST(LectorPreguntas, ComienzoAlAzar) {
 TEST(LectorPreguntas, DosTemasCompartenCanalPeroNoMazo) {
     Lector l;
     const std::string bytes = QzfEscrito("q>P1|1>a|a>1||q>P2|1>a|a>1||q>P3|1>a|a>1||");
-    l.Poner("comun", bytes);
-    l.m.FicheroTema[1] = l.m.FicheroTema[2] = "comun";
+    l.Poner(1, bytes);
+    l.m.FicheroTema[2] = "tema1";
     l.m.CanalTema[1] = l.m.CanalTema[2] = 3;
     const double alPrincipio = 0.5 / static_cast<double>(bytes.size());
     l.p.azar = {alPrincipio, alPrincipio};
@@ -207,7 +190,7 @@ TEST(LectorPreguntas, SinPregunta) {
         for (double azar : {0.0, 0.5, 0.999}) {
             Lector l;
             if (c[1] == "/") l.p.carpeta.CrearCarpeta("preguntas/tema1.qzf");
-            if (c[1] != "/" && c[1] != "-") l.Poner("tema1", QzfEscrito(c[1]));
+            if (c[1] != "/" && c[1] != "-") l.Poner(1, QzfEscrito(c[1]));
             if (c[4] != "0")
                 std::filesystem::resize_file(l.p.carpeta.Ruta() + "/preguntas/tema1.qzf", std::stoll(c[4]));
             l.m.FicheroTema[1] = c[2];
