@@ -44,10 +44,6 @@ struct Jugador : Entorno {
     FicherosAveriados averiados{p.Ficheros()};
     bool atendida = false;
 
-    void Copiar(const std::string& nombres) {
-        for (const auto& n : Lista(nombres, '|'))
-            p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
-    }
     // "Abajo", "Abajo*9", "Alt+Q", "F2"...; Enter y F2 contestan la caja con los textos ("|" entre uno y
     // el siguiente, si se vuelve a preguntar).
     void Tecla(C control, std::string tecla, const std::string& texto = "") {
@@ -76,11 +72,12 @@ struct Jugador : Entorno {
         // Entre comillas, el texto lleva sus blancos de los extremos.
         if (c[2].size() > 1 && c[2].front() == '"' && c[2].back() == '"')
             c[2] = c[2].substr(1, c[2].size() - 2);
-        if (a == "Copiar") return Copiar(c[1]);
-#ifndef _WIN32
-        if (a == "CopiarRaros") return Copiar(c[1]);
+#ifdef _WIN32
+        if (a == "CopiarRaros") return;  // nombres que Windows no admite
 #endif
-        if (a == "CopiarRaros") return;
+        for (const auto& n : a.rfind("Copiar", 0) == 0 ? Lista(c[1], '|') : std::vector<std::string>{})
+            p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
+        if (a.rfind("Copiar", 0) == 0) return;
         if (a == "SinEscribir") {
             averiados.fallaCrear = averiados.fallaRenombrar = true;
             return void(p.ficheros = &averiados);

@@ -23,11 +23,6 @@ struct Lector : prueba::ConDialog1 {
         d.AbrirFichero(false, false);
         ASSERT_FALSE(d.FalloApertura);
     }
-    // Una activación entera del diálogo en el tema.
-    void Mostrar(int tema = 1) {
-        d.NTema = tema;
-        p.MostrarDialog1(d);
-    }
 };
 
 // Posición (desde 1) del byte que sigue a la línea que empieza por 'principio'.
@@ -69,8 +64,7 @@ TEST(MazoUsado, IndiceIgualQueBuscarSubcadena) {
     const std::string letras = "0123456789ABCDEFabcdef]]]x";
     for (int vuelta = 0; vuelta < 100; ++vuelta) {
         std::string mazo;
-        int largo = static_cast<int>(azar() % 40);
-        for (int i = 0; i < largo; ++i) mazo += letras[azar() % letras.size()];
+        for (auto largo = azar() % 40; largo > 0; --largo) mazo += letras[azar() % letras.size()];
         IndiceMazo indice;
         indice.Sincronizar(mazo);
         // Algunas marcas añadidas por el índice, otras por fuera.
@@ -166,17 +160,17 @@ TEST(LectorPreguntas, DosTemasCompartenCanalPeroNoMazo) {
     l.p.azar = {alPrincipio, alPrincipio};
     for (int tema : {1, 2, 1, 2}) {
         l.p.respuestas.push_back(1);
-        l.Mostrar(tema);
+        l.d.NTema = tema;
+        l.p.MostrarDialog1(l.d);
     }
     // El tema 2 cuenta al principio y cierra el canal: vuelve a empezar al azar (en P1),
     // que para él no está usada. Después cada uno sigue donde dejó el otro.
     const std::string p1 = MarcaMazo(Tras(bytes, "q>P1"));
     EXPECT_EQ(p1 + MarcaMazo(Tras(bytes, "q>P2")), l.m.MazoUsado[1]);
     EXPECT_EQ(p1 + MarcaMazo(Tras(bytes, "q>P3")), l.m.MazoUsado[2]);
-    for (std::size_t t : {1, 2}) {
-        EXPECT_EQ(3, l.m.TotalMazo[t]);
-        EXPECT_EQ(2, l.m.CuentaMazo[t]);
-    }
+    EXPECT_EQ((std::array<std::int64_t, 4>{3, 3, 2, 2}),
+              (std::array<std::int64_t, 4>{l.m.TotalMazo[1], l.m.TotalMazo[2], l.m.CuentaMazo[1],
+                                           l.m.CuentaMazo[2]}));
     EXPECT_TRUE(l.p.azar.empty());
 }
 
@@ -197,9 +191,10 @@ TEST(LectorPreguntas, SinPregunta) {
             l.m.CanalTema[1] = std::stoi(c[3]);
             l.m.TotalMazo[1] = std::stoi(c[5]);
             l.p.azar = {azar};
+            l.d.NTema = 1;
             for (int vez = 0; vez < 2; ++vez) {
                 l.p.mensajes.clear();
-                l.Mostrar();
+                l.p.MostrarDialog1(l.d);
                 EXPECT_EQ(Campos(c[6], ';'), l.p.TextosMensajes());
                 for (const auto& msg : l.p.mensajes)
                     EXPECT_EQ("0 Sabelot", std::to_string(msg.estilo) + " " + msg.titulo);

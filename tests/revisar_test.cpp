@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "apoyo/datos_prueba.h"
@@ -23,16 +24,14 @@ std::string Dichos(const RevisionQzf& r) {
 // Cada fichero de tests/corpus/revision con lo que se espera de él en tests/datos/revision.txt:
 // los problemas en orden, con su línea y parte de su texto.
 TEST(Revision, ProblemasConSuLinea) {
-    const auto ficheros = prueba::FicherosDelCorpus("revision");
+    const auto corpus = prueba::FicherosDelCorpus("revision");
+    const std::map<std::string, std::string> ficheros(corpus.begin(), corpus.end());
     const auto filas = prueba::Tabla("revision.txt", 3);
     ASSERT_EQ(filas.size(), 28u);
     ASSERT_EQ(ficheros.size(), filas.size());
     for (const auto& campos : filas) {
         SCOPED_TRACE(campos[0]);
-        const auto fichero = std::find_if(ficheros.begin(), ficheros.end(),
-                                          [&](const auto& f) { return f.first == campos[0] + ".qzf"; });
-        ASSERT_NE(fichero, ficheros.end());
-        const RevisionQzf r = RevisarQzf(fichero->second);
+        const RevisionQzf r = RevisarQzf(ficheros.at(campos[0] + ".qzf"));
         ASSERT_EQ(campos.size() - 3, r.problemas.size()) << Dichos(r);
         for (std::size_t i = 3; i < campos.size(); ++i) {
             const std::size_t dosPuntos = campos[i].find(':');
