@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "apoyo/datos_prueba.h"
 #include "apoyo/formas_prueba.h"
 #include "apoyo/juego_prueba.h"
@@ -41,9 +43,8 @@ class Pregunta : public Dialogo1, public ::testing::WithParamInterface<std::stri
 TEST_P(Pregunta, LoQueSeVe) {
     for (int t = 1; t <= 3; ++t) Poner(t, kTres);
     const auto c = CamposEnBytes(GetParam());
-    p.hora = std::stoi(c[1]);
-    p.minuto = std::stoi(c[2]);
-    p.segundo = std::stoi(c[3]);
+    std::tie(p.hora, p.minuto, p.segundo) =
+        std::make_tuple(std::stoi(c[1]), std::stoi(c[2]), std::stoi(c[3]));
     Abrir(std::stoi(c[0]));
     EXPECT_TRUE(d.Visible && p.mensajes.empty());
     EXPECT_EQ(std::to_string(d.NTema) + " " + std::to_string(p.ultimaSemilla) + " " +
@@ -109,7 +110,7 @@ TEST_F(Dialogo1, Veredictos) {
     EXPECT_EQ(tema, 6);
 }
 
-// El mensaje de la vuelta sale con el diálogo abierto, antes de la pregunta nueva.
+// El mensaje de la vuelta sale con el diálogo abierto, antes de la pregunta nueva; luego, el veredicto.
 TEST_F(Dialogo1, VueltaAlMazoConElDialogoAbierto) {
     Poner(1, Qzf({"q>Única", "1>A", "a>1", ""}));
     p.respuestas = {1, 1};
@@ -118,13 +119,12 @@ TEST_F(Dialogo1, VueltaAlMazoConElDialogoAbierto) {
     p.MostrarDialog1(d);
     d.Text1 = "vieja";
     std::string alDecirlo;
-    p.alMensaje = [&](const PlataformaGuion::Mensaje& msg) {
-        if (msg.texto == "Dando la vuelta al mazo de preguntas")
-            alDecirlo = d.Text1 + (d.Visible ? " abierto" : "");
+    p.alMensaje = [&](const auto& msg) {
+        alDecirlo += msg.texto + ": " + d.Text1 + (d.Visible ? " abierto / " : " / ");
     };
     p.MostrarDialog1(d);
-    EXPECT_EQ("vieja abierto", alDecirlo);
-    EXPECT_EQ("  Única", d.Text1);
+    EXPECT_EQ("Dando la vuelta al mazo de preguntas: vieja abierto / respuesta correcta:   Única abierto / ",
+              alDecirlo);
 }
 
 // Sin fichero no hay pregunta: el diálogo se cierra enseguida y no cuenta nada.

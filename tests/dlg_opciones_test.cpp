@@ -60,12 +60,6 @@ struct Jugador : Entorno {
             for (const auto& t : Campos(texto, '|')) p.textos.push_back(t);
         for (int i = 0; i < veces; ++i) atendida = d->Tecla(control, codigo, shift);
     }
-    // Otra ejecución del juego: las opciones de Sabelot.ini y el diálogo sin cargar.
-    void Arrancar() {
-        m = Module1{};
-        LeerOpciones(m, p, canales);
-        d = std::make_unique<DlgOpciones>(m, p, canales);
-    }
     void Paso(std::vector<std::string> c) {
         c.resize(3);
         const std::string& a = c[0];
@@ -93,7 +87,11 @@ struct Jugador : Entorno {
         if (a == "Escribir") return p.carpeta.Escribir(c[1], "");
         if (a == "Ini") return p.carpeta.Escribir("Sabelot.ini", IniDeDatos(c[1]));
         if (a == "Leer") return LeerOpciones(m, p, canales);
-        if (a == "Arrancar") return Arrancar();
+        if (a == "Arrancar") {  // otra ejecución: las opciones de Sabelot.ini y el diálogo sin cargar
+            m = Module1{};
+            LeerOpciones(m, p, canales);
+            return void(d = std::make_unique<DlgOpciones>(m, p, canales));
+        }
         if (a == "Mostrar") return d->Mostrar();
         if (a == "Descargar") return d->Descargar();
         if (a == "Pulsar") return d->Pulsar(Control(c[1]));

@@ -33,16 +33,11 @@ std::string Leido(const std::string& bytes) {
 // Lo escrito, byte a byte, y que se vuelve a leer.
 TEST(TextoDelimitado, EscrituraExacta) {
     EscritorDelimitado e;
-    e.Entero(2);
-    e.Entero(-15);
-    e.Entero(0);
+    for (int n : {2, -15, 0}) e.Entero(n);
     e.FinRegistro();
-    e.Cadena("Cajón de sastre ");
-    e.Cadena("");
-    e.Cadena("uno, dos");
+    for (const char* c : {"Cajón de sastre ", "", "uno, dos"}) e.Cadena(c);
     e.FinRegistro();
-    e.Booleano(true);
-    e.Booleano(false);
+    for (bool b : {true, false}) e.Booleano(b);
     e.Entero(32767);
     e.FinRegistro();
     // Sin escapes, una comilla cerraría la cadena; y el lector no admite controles.
