@@ -86,8 +86,6 @@ TEST(MazoUsado, IndiceIgualQueBuscarSubcadena) {
     }
 }
 
-// ---- Pasadas y vuelta al mazo ----
-
 // Los casos de tests/datos/pasadas.txt, sacando preguntas desde arriba tras contarlas.
 TEST(LectorPreguntas, PasadasYVueltaAlMazo) {
     for (const auto& c : prueba::Tabla("pasadas.txt", 5)) {
@@ -116,8 +114,6 @@ TEST(LectorPreguntas, PasadasYVueltaAlMazo) {
         EXPECT_FALSE(l.d.FalloApertura);
     }
 }
-
-// ---- Comienzo al azar ----
 
 // Se empieza en un byte al azar y se lee desde la siguiente "q>". Con el canal ya abierto no
 // se vuelve a abrir: AlAzar no hace nada y sigue donde estaba.
@@ -148,8 +144,6 @@ TEST(LectorPreguntas, ComienzoAlAzar) {
     }
 }
 
-// ---- Temas que comparten fichero ----
-
 TEST(LectorPreguntas, DosTemasCompartenCanalPeroNoMazo) {
     Lector l;
     const std::string bytes = QzfEscrito("q>P1|1>a|a>1||q>P2|1>a|a>1||q>P3|1>a|a>1||");
@@ -173,8 +167,6 @@ TEST(LectorPreguntas, DosTemasCompartenCanalPeroNoMazo) {
                                            l.m.CuentaMazo[2]}));
     EXPECT_TRUE(l.p.azar.empty());
 }
-
-// ---- Temas sin pregunta ----
 
 // Los casos de tests/datos/sin_pregunta.txt, empiece donde empiece; y la vez siguiente, igual:
 // ni se cuelga ni pregunta.

@@ -23,8 +23,7 @@ TEST(Lector, DescribirCasillaTextoExacto) {
         jp.f().ConstruirTablero();
         prueba::Preparar(jp, "jugadores=" + c[2] + ";fichas=" + c[3] + ";rumbo=" + c[5] + ";anexas=" + c[6] +
                                  ";previa=5" + (c[1] == "1" ? kEtiquetas : ""));
-        int posicion = std::stoi(c[4]);
-        int rumbo = -1;
+        int posicion = std::stoi(c[4]), rumbo = -1;
         jp.f().DescribirCasilla(posicion, rumbo);
         EXPECT_EQ(prueba::Bytes(c[7]), jp.f().Texto1());
         // El centro dice el rumbo al que mira y gasta CasillaPrevia.
