@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "apoyo/datos_prueba.h"
 #include "apoyo/formas_prueba.h"
 #include "apoyo/juego_prueba.h"
@@ -10,31 +12,15 @@
 namespace sabelot::prueba {
 namespace {
 
-// Cuenta y apunta el pitido y el texto de la respuesta en cada refresco.
-struct VistaCuenta : VistaDialog1 {
-    VistaCuenta(const PlataformaGuion& p, const Dialog1& d) : p(p), d(d) {}
-    const PlataformaGuion& p;
-    const Dialog1& d;
+// Como vista, cuenta y apunta el pitido y el texto de la respuesta en cada refresco.
+class Dialogo1 : public ::testing::Test, public ConDialog1, public VistaDialog1 {
+protected:
     int ocultaciones = 0;
     std::pair<int, std::string> visto;
+
     void Refrescar() override { visto = {p.pitidos, d.Text2}; }
     void Ocultar() override { ++ocultaciones; }
-};
-
-class Dialogo1 : public ::testing::Test, public Entorno {
-protected:
-    Dialog1 d{m, p, canales};
-
-    void SetUp() override {
-        for (std::size_t t = 1; t <= kNumTemas; ++t) {
-            m.FicheroTema[t] = "tema" + std::to_string(t);
-            m.CanalTema[t] = static_cast<int>(t);
-        }
-        m.EtiquetaTema = {"", "Cine", "Geografía", "Historia"};
-    }
-    void Poner(int tema, const std::string& bytes) {
-        p.carpeta.Escribir("preguntas/tema" + std::to_string(tema) + ".qzf", bytes);
-    }
+    void SetUp() override { m.EtiquetaTema = {"", "Cine", "Geografía", "Historia"}; }
     // Muestra el diálogo y lo deja abierto con la pregunta leída, sin contestar.
     void Abrir(int tema) {
         d.NTema = tema;
@@ -57,9 +43,8 @@ class Pregunta : public Dialogo1, public ::testing::WithParamInterface<std::stri
 TEST_P(Pregunta, LoQueSeVe) {
     for (int t = 1; t <= 3; ++t) Poner(t, kTres);
     const auto c = CamposEnBytes(GetParam());
-    p.hora = std::stoi(c[1]);
-    p.minuto = std::stoi(c[2]);
-    p.segundo = std::stoi(c[3]);
+    std::tie(p.hora, p.minuto, p.segundo) =
+        std::make_tuple(std::stoi(c[1]), std::stoi(c[2]), std::stoi(c[3]));
     Abrir(std::stoi(c[0]));
     EXPECT_TRUE(d.Visible && p.mensajes.empty());
     EXPECT_EQ(std::to_string(d.NTema) + " " + std::to_string(p.ultimaSemilla) + " " +
@@ -74,8 +59,7 @@ INSTANTIATE_TEST_SUITE_P(Dialog1, Pregunta, ::testing::ValuesIn(LineasDeDatos("d
 // Los pasos de tests/datos/dialog1_teclas.txt, seguidos. La vista se refresca tras el pitido y el texto
 // nuevo, y se oculta al juzgar.
 TEST_F(Dialogo1, TeclasDeLasRespuestas) {
-    VistaCuenta vista(p, d);
-    d.PonerVista(&vista);
+    d.PonerVista(this);
     for (const std::string& fila : LineasDeDatos("dialog1_teclas.txt")) {
         const auto c = CamposEnBytes(fila);
         if (c.size() == 2) {
@@ -86,16 +70,16 @@ TEST_F(Dialogo1, TeclasDeLasRespuestas) {
         }
         EXPECT_EQ(std::stoi(c[1]), Tecla(std::stoi(c[0]))) << fila;
         EXPECT_EQ(std::make_pair(std::stoi(c[2]), c[3]), std::make_pair(p.pitidos, d.Text2)) << fila;
-        EXPECT_EQ(vista.visto, std::make_pair(p.pitidos, d.Text2)) << fila;
+        EXPECT_EQ(visto, std::make_pair(p.pitidos, d.Text2)) << fila;
         EXPECT_TRUE(d.Visible) << fila;
     }
     EXPECT_TRUE(p.mensajes.empty());
     int caracter = 'x';
     d.Text2_KeyPress(caracter);
     EXPECT_EQ(0, caracter);
-    EXPECT_EQ(0, vista.ocultaciones);
+    EXPECT_EQ(0, ocultaciones);
     Tecla(13);
-    EXPECT_EQ(1, vista.ocultaciones);
+    EXPECT_EQ(1, ocultaciones);
 }
 
 // Los de tests/datos/dialog1_veredictos.txt, cada uno en su categoría: la última también cuenta.
@@ -126,7 +110,7 @@ TEST_F(Dialogo1, Veredictos) {
     EXPECT_EQ(tema, 6);
 }
 
-// El mensaje de la vuelta sale con el diálogo abierto, antes de la pregunta nueva.
+// El mensaje de la vuelta sale con el diálogo abierto, antes de la pregunta nueva; luego, el veredicto.
 TEST_F(Dialogo1, VueltaAlMazoConElDialogoAbierto) {
     Poner(1, Qzf({"q>Única", "1>A", "a>1", ""}));
     p.respuestas = {1, 1};
@@ -135,27 +119,22 @@ TEST_F(Dialogo1, VueltaAlMazoConElDialogoAbierto) {
     p.MostrarDialog1(d);
     d.Text1 = "vieja";
     std::string alDecirlo;
-    p.alMensaje = [&](const PlataformaGuion::Mensaje& msg) {
-        if (msg.texto == "Dando la vuelta al mazo de preguntas")
-            alDecirlo = d.Text1 + (d.Visible ? " abierto" : "");
+    p.alMensaje = [&](const auto& msg) {
+        alDecirlo += msg.texto + ": " + d.Text1 + (d.Visible ? " abierto / " : " / ");
     };
     p.MostrarDialog1(d);
-    EXPECT_EQ("vieja abierto", alDecirlo);
-    EXPECT_EQ("  Única", d.Text1);
+    EXPECT_EQ("Dando la vuelta al mazo de preguntas: vieja abierto / respuesta correcta:   Única abierto / ",
+              alDecirlo);
 }
 
 // Sin fichero no hay pregunta: el diálogo se cierra enseguida y no cuenta nada.
 TEST_F(Dialogo1, SinFicheroSeCierraSinContar) {
-    VistaCuenta vista(p, d);
-    d.PonerVista(&vista);
+    d.PonerVista(this);
     d.RespuestaCorrecta = true;
     p.MostrarDialog1(d);
-    EXPECT_EQ(2u, p.mensajes.size());
-    EXPECT_TRUE(d.SinPregunta);
-    EXPECT_FALSE(d.RespuestaCorrecta || d.Visible);
-    EXPECT_EQ(1, vista.ocultaciones);
-    EXPECT_EQ(0, m.CuentaMazo[1]);
-    EXPECT_EQ("Pregunta de Cine|Text1", d.Titulo + "|" + d.Text2);
+    // Los mensajes y lo que no cuenta, en tests/datos/sin_pregunta.txt.
+    EXPECT_FALSE(d.RespuestaCorrecta);
+    EXPECT_EQ("Pregunta de Cine|Text1|1", d.Titulo + "|" + d.Text2 + "|" + std::to_string(ocultaciones));
     // Y la vez siguiente, con el fichero ya puesto, pregunta normalmente.
     Poner(1, kTres);
     p.respuestas = {2};

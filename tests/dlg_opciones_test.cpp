@@ -7,11 +7,12 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <tuple>
 
 #include "apoyo/datos_prueba.h"
 #include "apoyo/ficheros_averiados.h"
 #include "apoyo/formas_prueba.h"
-#include "apoyo/juego_prueba.h"
+#include "apoyo/juego_casos.h"
 #include "comun/teclas.h"
 #include "storage/opciones.h"
 
@@ -43,10 +44,6 @@ struct Jugador : Entorno {
     FicherosAveriados averiados{p.Ficheros()};
     bool atendida = false;
 
-    void Copiar(const std::string& nombres) {
-        for (const auto& n : Lista(nombres, '|'))
-            p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
-    }
     // "Abajo", "Abajo*9", "Alt+Q", "F2"...; Enter y F2 contestan la caja con los textos ("|" entre uno y
     // el siguiente, si se vuelve a preguntar).
     void Tecla(C control, std::string tecla, const std::string& texto = "") {
@@ -63,23 +60,18 @@ struct Jugador : Entorno {
             for (const auto& t : Campos(texto, '|')) p.textos.push_back(t);
         for (int i = 0; i < veces; ++i) atendida = d->Tecla(control, codigo, shift);
     }
-    // Otra ejecución del juego: las opciones de Sabelot.ini y el diálogo sin cargar.
-    void Arrancar() {
-        m = Module1{};
-        LeerOpciones(m, p, canales);
-        d = std::make_unique<DlgOpciones>(m, p, canales);
-    }
     void Paso(std::vector<std::string> c) {
         c.resize(3);
         const std::string& a = c[0];
         // Entre comillas, el texto lleva sus blancos de los extremos.
         if (c[2].size() > 1 && c[2].front() == '"' && c[2].back() == '"')
             c[2] = c[2].substr(1, c[2].size() - 2);
-        if (a == "Copiar") return Copiar(c[1]);
-#ifndef _WIN32
-        if (a == "CopiarRaros") return Copiar(c[1]);
+#ifdef _WIN32
+        if (a == "CopiarRaros") return;  // nombres que Windows no admite
 #endif
-        if (a == "CopiarRaros") return;
+        for (const auto& n : a.rfind("Copiar", 0) == 0 ? Lista(c[1], '|') : std::vector<std::string>{})
+            p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
+        if (a.rfind("Copiar", 0) == 0) return;
         if (a == "SinEscribir") {
             averiados.fallaCrear = averiados.fallaRenombrar = true;
             return void(p.ficheros = &averiados);
@@ -95,7 +87,11 @@ struct Jugador : Entorno {
         if (a == "Escribir") return p.carpeta.Escribir(c[1], "");
         if (a == "Ini") return p.carpeta.Escribir("Sabelot.ini", IniDeDatos(c[1]));
         if (a == "Leer") return LeerOpciones(m, p, canales);
-        if (a == "Arrancar") return Arrancar();
+        if (a == "Arrancar") {  // otra ejecución: las opciones de Sabelot.ini y el diálogo sin cargar
+            m = Module1{};
+            LeerOpciones(m, p, canales);
+            return void(d = std::make_unique<DlgOpciones>(m, p, canales));
+        }
         if (a == "Mostrar") return d->Mostrar();
         if (a == "Descargar") return d->Descargar();
         if (a == "Pulsar") return d->Pulsar(Control(c[1]));
@@ -180,58 +176,36 @@ TEST_P(Guion, Pasos) {
 INSTANTIATE_TEST_SUITE_P(DlgOpciones, Guion, ::testing::ValuesIn(Guiones()),
                          [](const auto& info) { return info.param[0].substr(3); });
 
-// Desde la ventana principal, con Control+O: la partida se va, Cancelar deja una nueva de un jugador
-// y Aceptar, otra con los jugadores elegidos. El diálogo se carga una sola vez.
-TEST(FlujoOpciones, CancelarYLuegoAceptarConTresJugadores) {
+// Desde la ventana principal, con Control+O y un jugador más: la partida se va, Cancelar deja una
+// nueva de un jugador y Aceptar, otra con los elegidos. El diálogo se carga una sola vez: la segunda
+// vez sigue en lo que dejó la primera aunque la partida tenga uno. El título llega con la tecla siguiente.
+TEST(FlujoOpciones, CancelarYLuegoAceptar) {
     JuegoPrueba j;
-    PonerDatosMinimos(j.p.carpeta, 2, 3);
-    j.Arrancar();
+    Preparar(j, "datos=2,3;fichas=30,12;cursor=30;turno=2");
     const std::string ini = j.p.carpeta.Leer("Sabelot.ini");
-    j.f().PosicionFicha = {0, 30, 12, 0, 0, 0, 0};
-    j.f().CasillaCursor = 30;
-    j.f().JugadorActual = 2;
-    j.p.siNo = {vbYes};
-    j.p.alMostrarDlgOpciones = [&](DlgOpciones& d) {
-        // Un jugador, tablas de uno y el cursor en el centro ya antes de abrirse.
-        EXPECT_EQ(j.m().Preguntas.Jugadores(), 1);
-        EXPECT_EQ(j.f().CasillaCursor, 0);
-        d.Mostrar();
-        EXPECT_EQ(d.List1[0].ListIndex * 10 + d.List1[1].ListIndex, 2);
-        d.Tecla(C::List1_0, vbKeyDown, 0);
-        d.Pulsar(C::CancelButton);
-    };
-    // La pregunta antes de abrirlo, con su texto, está en tests/datos/teclado.txt.
-    j.Tecla('O', vbCtrlMask | vbShiftMask);
-    EXPECT_EQ(j.p.mensajes.size(), 1u);
-    EXPECT_EQ(j.f().PosicionFicha, (std::array<int, 7>{}));
-    EXPECT_EQ(j.f().JugadorActual * 1000 + j.m().NumJugadores * 100 + j.m().NumQuesitos.Limite() * 10 +
-                  j.m().QuesitosParaGanar,
-              1113);
-    EXPECT_EQ(j.p.carpeta.Leer("Sabelot.ini"), ini);
-    EXPECT_EQ(j.f().Titulo(), "SÁBELOT - Jugador 2");
-
-    // La segunda vez no se carga de nuevo: sigue en DOS aunque la partida tenga uno.
-    j.m().Preguntas(1, 1) = 4;
-    j.p.siNo = {vbYes};
-    j.p.alMostrarDlgOpciones = [&](DlgOpciones& d) {
-        d.Mostrar();
-        EXPECT_EQ(d.List1[0].ListIndex, 1);
-        d.Tecla(C::List1_0, vbKeyDown, 0);
-        d.Pulsar(C::OKButton);
-    };
-    j.Tecla('O', vbCtrlMask);
-    EXPECT_EQ(j.m().NumJugadores, 3);
-    // Tablas a la medida de los jugadores nuevos, y partida nueva.
-    EXPECT_EQ(j.m().Preguntas.Jugadores() * 1000 + j.m().Aciertos.Jugadores() * 100 +
-                  j.m().QuesitoGanado.Jugadores() * 10 + j.m().NumQuesitos.Limite(),
-              3333);
-    EXPECT_EQ(j.m().Preguntas(1, 1), 0);
-    EXPECT_EQ(j.f().CasillaCursor, 0);
-    EXPECT_EQ(j.f().Texto1().find("Casilla central"), 0u);
-    EXPECT_NE(j.f().Texto1().find("Todas las fichas."), std::string::npos);
-    // El título no se escribe aquí: llega con la siguiente tecla.
-    j.Tecla(90);
-    EXPECT_EQ(j.f().Titulo(), "SÁBELOT - Jugador 1");
+    // clang-format off
+    for (const auto& [boton, filas, despues] : std::vector<std::tuple<C, int, std::string>>{
+        {C::CancelButton, 2, "mensajes=1;ini=sí;turno=1;jugadores=1;quesitos=3;tablas=1111;titulo=SÁBELOT - Jugador 2;"
+                             "texto=Casilla central\\r\\n Cine arriba\\r\\n Literatura  abajo \\r\\n"},
+        {C::OKButton, 12, "ini=no;jugadores=3;tablas=3333;titulo=SÁBELOT - Jugador 1;"
+                          "texto=Casilla central\\r\\n(No especificado) arriba\\r\\n(No especificado)  abajo \\r\\n"}}) {
+        // clang-format on
+        Preparar(j, "sino=6;cuenta=1,1,0,4");
+        j.p.alMostrarDlgOpciones = [&, boton = boton, filas = filas](DlgOpciones& d) {
+            // Tablas de uno y el cursor en el centro ya antes de abrirse.
+            Comprobar(Observar(j), {"cursor=0", "tablas=1111"});
+            d.Mostrar();
+            EXPECT_EQ(d.List1[0].ListIndex * 10 + d.List1[1].ListIndex, filas);
+            d.Tecla(C::List1_0, vbKeyDown, 0);
+            d.Pulsar(boton);
+        };
+        j.Tecla('O', vbCtrlMask | (boton == C::OKButton ? 0 : vbShiftMask));
+        auto o = Observar(j);
+        o["ini"] = j.p.carpeta.Leer("Sabelot.ini") == ini ? "sí" : "no";
+        const std::string comun =
+            "izquierda / derecha girar\\r\\nTodas las fichas.;fichas=0,0,0,0,0,0;cursor=0;";
+        Comprobar(o, Campos(despues + comun + "j1=0 0/0 0/0 0/0 0/0 0/0 0/0", ';'));
+    }
 }
 
 }  // namespace

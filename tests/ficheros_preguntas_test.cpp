@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/datos_prueba.h"
 #include "apoyo/juego_prueba.h"
 
 namespace sabelot {
@@ -10,35 +11,26 @@ namespace {
 
 using prueba::JuegoPrueba;
 
-void PonerFicheros(JuegoPrueba& jp, std::array<std::string, 7> nombres) {
-    jp.m().FicheroTema = nombres;
-    for (std::size_t t = 1; t <= 6; ++t) {
-        if (!nombres[t].empty()) jp.p.carpeta.Escribir("preguntas/" + nombres[t] + ".qzf", "q>x\r\n");
-    }
-}
-
 TEST(FicherosPreguntas, FaltanFicherosYCanalAbierto) {
     JuegoPrueba jp;  // primer arranque: sin nombres
     EXPECT_TRUE(jp.f().FaltanFicheros());
-    PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
-    EXPECT_FALSE(jp.f().FaltanFicheros());
-    jp.m().FicheroTema[4] = "no_esta";  // uno solo basta
-    EXPECT_TRUE(jp.f().FaltanFicheros());
-    jp.m().FicheroTema[4] = "";  // un tema vaciado en el editor
-    EXPECT_TRUE(jp.f().FaltanFicheros());
-    PonerFicheros(jp, {"", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla", "Mezcla"});
-    EXPECT_FALSE(jp.f().FaltanFicheros());
-    // Un ".qzf" a secas no es el fichero de un tema sin nombre.
-    jp.p.carpeta.Escribir("preguntas/.qzf", "q>x\r\n");
-    jp.m().FicheroTema[6] = "";
-    EXPECT_TRUE(jp.f().FaltanFicheros());
-    // En otra carpeta no cuenta.
+    for (const std::string n : {"a", "b", "c", "d", "e", "f", "Mezcla", ""})
+        jp.p.carpeta.Escribir("preguntas/" + n + ".qzf", "q>x\r\n");
     jp.p.carpeta.Escribir("g.qzf", "q>x\r\n");
-    jp.m().FicheroTema = {"", "g", "g", "g", "g", "g", "g"};
-    EXPECT_TRUE(jp.f().FaltanFicheros());
+    // Uno que no está basta, y un tema vaciado en el editor también aunque haya un ".qzf" a secas. En
+    // otra carpeta no cuenta.
+    for (const auto& [nombres, faltan] :
+         std::vector<std::pair<std::string, bool>>{{"a,b,c,no_esta,e,f", true},
+                                                   {"Mezcla,Mezcla,Mezcla,,Mezcla,Mezcla", true},
+                                                   {"Mezcla,Mezcla,Mezcla,Mezcla,Mezcla,Mezcla", false},
+                                                   {"g,g,g,g,g,g", true},
+                                                   {"a,b,c,d,e,f", false}}) {
+        const auto n = prueba::Campos(nombres, ',');
+        std::copy(n.begin(), n.end(), jp.m().FicheroTema.begin() + 1);
+        EXPECT_EQ(faltan, jp.f().FaltanFicheros()) << nombres;
+    }
 
     // Un canal abierto sigue abierto aunque se borre su fichero.
-    PonerFicheros(jp, {"", "a", "b", "c", "d", "e", "f"});
     Canales& canales = jp.juego->canales;
     for (int canal : {0, 3, -1}) EXPECT_FALSE(CanalAbierto(canales, canal));
     const std::string ruta = Ruta(jp.p.CarpetaPrograma(), {"preguntas", "c.qzf"});

@@ -7,10 +7,8 @@
 #include <random>
 
 #include "apoyo/datos_prueba.h"
-#include "apoyo/plataforma_guion.h"
-#include "questions/dialog1.h"
+#include "apoyo/formas_prueba.h"
 #include "questions/mazo.h"
-#include "storage/canales.h"
 
 namespace sabelot {
 namespace {
@@ -18,47 +16,12 @@ namespace {
 using prueba::Campos;
 using prueba::QzfEscrito;
 
-const std::string kVuelta = "Dando la vuelta al mazo de preguntas";
-
-// Un lector con su carpeta; el tema t lee preguntas/tema<t>.qzf por el canal t.
-struct Lector {
-    prueba::PlataformaGuion p;
-    Module1 m;
-    Canales canales{p.Ficheros()};
-    Dialog1 d{m, p, canales};
-
-    Lector() {
-        for (std::size_t t = 1; t <= kNumTemas; ++t) {
-            m.FicheroTema[t] = "tema" + std::to_string(t);
-            m.CanalTema[t] = static_cast<int>(t);
-            m.EtiquetaTema[t] = "Tema " + std::to_string(t);
-        }
-    }
-    void Poner(const std::string& nombre, const std::string& bytes) {
-        p.carpeta.Escribir("preguntas/" + nombre + ".qzf", bytes);
-    }
+struct Lector : prueba::ConDialog1 {
     // Abre el fichero del tema en su primer byte, como tras dar la vuelta.
-    void AbrirArriba(int tema = 1) {
-        d.NTema = tema;
+    void AbrirArriba() {
+        d.NTema = 1;
         d.AbrirFichero(false, false);
         ASSERT_FALSE(d.FalloApertura);
-    }
-    // Saca una pregunta y la da por contestada.
-    std::string Sacar(int tema = 1) {
-        d.NTema = tema;
-        d.Pregunta = "(nada)";
-        d.LeerPregunta();
-        m.CuentaMazo[static_cast<std::size_t>(tema)] += 1;
-        return d.Pregunta;
-    }
-    // Una activación entera del diálogo en el tema.
-    void Mostrar(int tema = 1) {
-        d.NTema = tema;
-        p.MostrarDialog1(d);
-    }
-    int Vueltas() const {
-        auto t = p.TextosMensajes();
-        return static_cast<int>(std::count(t.begin(), t.end(), kVuelta));
     }
 };
 
@@ -77,7 +40,7 @@ TEST(LectorPreguntas, ReglasDeRegistro) {
         SCOPED_TRACE(c[0]);
         Lector l;
         const std::string bytes = QzfEscrito(c[1]);
-        l.Poner("tema1", bytes);
+        l.Poner(1, bytes);
         l.m.MazoUsado[1] = c[7];
         l.AbrirArriba();
         l.d.LeerPregunta();
@@ -93,30 +56,15 @@ TEST(LectorPreguntas, ReglasDeRegistro) {
     }
 }
 
-// ---- Marcas ----
-
-// La marca es la posición tras la línea, en hexadecimal.
-TEST(LectorPreguntas, MarcasEnHexadecimal) {
-    // 411 letras y CR LF: la primera pregunta deja la lectura en el byte 419 = 1A3.
-    Lector l;
-    l.Poner("tema1", QzfEscrito("\\(411)x|q>A|1>a|a>1||q>B|1>b|a>1||"));
-    l.AbrirArriba();
-    EXPECT_EQ("A", l.Sacar());
-    EXPECT_EQ("1A3]", l.m.MazoUsado[1]);
-    EXPECT_EQ("B", l.Sacar());
-    EXPECT_EQ("1A3]1B4]", l.m.MazoUsado[1]);
-    EXPECT_EQ("1]", MarcaMazo(1));
-    EXPECT_EQ("7FFF]", MarcaMazo(32767));
-}
-
-// El índice da lo mismo que buscar en la cadena, con cualquier contenido.
+// La marca es la posición tras la línea, en hexadecimal; el índice da lo mismo que buscar en la
+// cadena, con cualquier contenido.
 TEST(MazoUsado, IndiceIgualQueBuscarSubcadena) {
+    EXPECT_EQ("1]1A3]7FFF]", MarcaMazo(1) + MarcaMazo(0x1A3) + MarcaMazo(32767));
     std::mt19937 azar(7);
     const std::string letras = "0123456789ABCDEFabcdef]]]x";
     for (int vuelta = 0; vuelta < 100; ++vuelta) {
         std::string mazo;
-        int largo = static_cast<int>(azar() % 40);
-        for (int i = 0; i < largo; ++i) mazo += letras[azar() % letras.size()];
+        for (auto largo = azar() % 40; largo > 0; --largo) mazo += letras[azar() % letras.size()];
         IndiceMazo indice;
         indice.Sincronizar(mazo);
         // Algunas marcas añadidas por el índice, otras por fuera.
@@ -138,14 +86,12 @@ TEST(MazoUsado, IndiceIgualQueBuscarSubcadena) {
     }
 }
 
-// ---- Pasadas y vuelta al mazo ----
-
 // Los casos de tests/datos/pasadas.txt, sacando preguntas desde arriba tras contarlas.
 TEST(LectorPreguntas, PasadasYVueltaAlMazo) {
     for (const auto& c : prueba::Tabla("pasadas.txt", 5)) {
         SCOPED_TRACE(c[0]);
         Lector l;
-        l.Poner("tema1", QzfEscrito(c[1]));
+        l.Poner(1, QzfEscrito(c[1]));
         l.m.CuentaMazo[1] = 7;
         l.AbrirArriba();
         l.d.ContarPreguntas();
@@ -153,34 +99,21 @@ TEST(LectorPreguntas, PasadasYVueltaAlMazo) {
         EXPECT_EQ(0, l.m.CuentaMazo[1]);
         EXPECT_FALSE(l.canales.Abierto(1));
         const auto orden = Campos(c[3], ';'), vueltas = Campos(c[4], ';');
-        for (std::size_t i = 0; i < orden.size(); ++i) {
-            EXPECT_EQ(orden[i], l.Sacar()) << i;
-            EXPECT_EQ(std::stoi(vueltas[i]), l.Vueltas()) << i;
+        // Cada una sacada se da por contestada.
+        for (std::size_t i = 0; i < orden.size(); ++i, l.m.CuentaMazo[1] += 1) {
+            l.d.Pregunta = "(nada)";
+            l.d.LeerPregunta();
+            const auto t = l.p.TextosMensajes();
+            EXPECT_EQ(
+                orden[i] + " " + vueltas[i],
+                l.d.Pregunta + " " +
+                    std::to_string(std::count(t.begin(), t.end(), "Dando la vuelta al mazo de preguntas")))
+                << i;
         }
         EXPECT_EQ(1, l.m.CuentaMazo[1]);
         EXPECT_FALSE(l.d.FalloApertura);
     }
 }
-
-// La vuelta solo llega con más del 95 % contestado (de 100, hacen falta 96).
-TEST(LectorPreguntas, VueltaAlMazoEstrictamenteMasDel95) {
-    const std::string bytes = QzfEscrito("q>P1|1>a|a>1||q>P2|1>a|a>1||");
-    for (int cuenta : {95, 96}) {
-        SCOPED_TRACE(cuenta);
-        Lector l;
-        l.Poner("tema1", bytes);
-        l.m.MazoUsado[1] = MarcaMazo(Tras(bytes, "q>P1"));
-        l.m.TotalMazo[1] = 100;
-        l.m.CuentaMazo[1] = cuenta;
-        l.AbrirArriba();
-        l.d.LeerPregunta();
-        EXPECT_EQ(cuenta == 96 ? "P1" : "P2", l.d.Pregunta);
-        EXPECT_EQ(cuenta == 96 ? 1 : 0, l.Vueltas());
-        EXPECT_EQ(cuenta == 96 ? 0 : 95, l.m.CuentaMazo[1]);
-    }
-}
-
-// ---- Comienzo al azar ----
 
 // Se empieza en un byte al azar y se lee desde la siguiente "q>". Con el canal ya abierto no
 // se vuelve a abrir: AlAzar no hace nada y sigue donde estaba.
@@ -200,7 +133,7 @@ TEST(LectorPreguntas, ComienzoAlAzar) {
     for (const auto& [byte, pregunta] : casos) {
         SCOPED_TRACE(byte);
         Lector l;
-        l.Poner("tema1", bytes);
+        l.Poner(1, bytes);
         l.p.azar = {(static_cast<double>(byte) + 0.5) / static_cast<double>(bytes.size()), 0.0};
         l.d.NTema = 1;
         l.d.AbrirFichero(true, true);
@@ -211,33 +144,29 @@ TEST(LectorPreguntas, ComienzoAlAzar) {
     }
 }
 
-// ---- Temas que comparten fichero ----
-
 TEST(LectorPreguntas, DosTemasCompartenCanalPeroNoMazo) {
     Lector l;
     const std::string bytes = QzfEscrito("q>P1|1>a|a>1||q>P2|1>a|a>1||q>P3|1>a|a>1||");
-    l.Poner("comun", bytes);
-    l.m.FicheroTema[1] = l.m.FicheroTema[2] = "comun";
+    l.Poner(1, bytes);
+    l.m.FicheroTema[2] = "tema1";
     l.m.CanalTema[1] = l.m.CanalTema[2] = 3;
     const double alPrincipio = 0.5 / static_cast<double>(bytes.size());
     l.p.azar = {alPrincipio, alPrincipio};
     for (int tema : {1, 2, 1, 2}) {
         l.p.respuestas.push_back(1);
-        l.Mostrar(tema);
+        l.d.NTema = tema;
+        l.p.MostrarDialog1(l.d);
     }
     // El tema 2 cuenta al principio y cierra el canal: vuelve a empezar al azar (en P1),
     // que para él no está usada. Después cada uno sigue donde dejó el otro.
     const std::string p1 = MarcaMazo(Tras(bytes, "q>P1"));
     EXPECT_EQ(p1 + MarcaMazo(Tras(bytes, "q>P2")), l.m.MazoUsado[1]);
     EXPECT_EQ(p1 + MarcaMazo(Tras(bytes, "q>P3")), l.m.MazoUsado[2]);
-    for (std::size_t t : {1, 2}) {
-        EXPECT_EQ(3, l.m.TotalMazo[t]);
-        EXPECT_EQ(2, l.m.CuentaMazo[t]);
-    }
+    EXPECT_EQ((std::array<std::int64_t, 4>{3, 3, 2, 2}),
+              (std::array<std::int64_t, 4>{l.m.TotalMazo[1], l.m.TotalMazo[2], l.m.CuentaMazo[1],
+                                           l.m.CuentaMazo[2]}));
     EXPECT_TRUE(l.p.azar.empty());
 }
-
-// ---- Temas sin pregunta ----
 
 // Los casos de tests/datos/sin_pregunta.txt, empiece donde empiece; y la vez siguiente, igual:
 // ni se cuelga ni pregunta.
@@ -247,21 +176,20 @@ TEST(LectorPreguntas, SinPregunta) {
         for (double azar : {0.0, 0.5, 0.999}) {
             Lector l;
             if (c[1] == "/") l.p.carpeta.CrearCarpeta("preguntas/tema1.qzf");
-            if (c[1] != "/" && c[1] != "-") l.Poner("tema1", QzfEscrito(c[1]));
+            if (c[1] != "/" && c[1] != "-") l.Poner(1, QzfEscrito(c[1]));
             if (c[4] != "0")
                 std::filesystem::resize_file(l.p.carpeta.Ruta() + "/preguntas/tema1.qzf", std::stoll(c[4]));
             l.m.FicheroTema[1] = c[2];
             l.m.CanalTema[1] = std::stoi(c[3]);
             l.m.TotalMazo[1] = std::stoi(c[5]);
             l.p.azar = {azar};
+            l.d.NTema = 1;
             for (int vez = 0; vez < 2; ++vez) {
                 l.p.mensajes.clear();
-                l.Mostrar();
+                l.p.MostrarDialog1(l.d);
                 EXPECT_EQ(Campos(c[6], ';'), l.p.TextosMensajes());
-                for (const auto& msg : l.p.mensajes) {
-                    EXPECT_EQ(0, msg.estilo);
-                    EXPECT_EQ("Sabelot", msg.titulo);
-                }
+                for (const auto& msg : l.p.mensajes)
+                    EXPECT_EQ("0 Sabelot", std::to_string(msg.estilo) + " " + msg.titulo);
                 EXPECT_TRUE(l.d.FalloApertura);
                 EXPECT_TRUE(l.d.SinPregunta);
                 EXPECT_FALSE(l.d.Visible);

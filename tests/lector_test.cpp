@@ -2,46 +2,34 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/datos_prueba.h"
-#include "apoyo/juego_prueba.h"
+#include "apoyo/juego_casos.h"
 
 namespace sabelot {
 namespace {
 
 using prueba::JuegoPrueba;
 
-// Etiquetas como las guarda el diálogo de opciones: sin blanco delante, uno detrás.
-const std::array<std::string, 7> kEtiquetas = {
-    "", "Cine ", "Deportes ", "Series y televisión ", "Historia ", "Ciencia ", "Cajón de sastre ",
-};
-
-// Los casos de tests/datos/casillas_habladas.txt.
+// Los casos de tests/datos/casillas_habladas.txt; las etiquetas, como las guarda el diálogo de opciones:
+// sin blanco delante, uno detrás.
 TEST(Lector, DescribirCasillaTextoExacto) {
+    const std::string kEtiquetas =
+        ";etiqueta1=Cine ;etiqueta2=Deportes ;etiqueta3=Series y televisión ;"
+        "etiqueta4=Historia ;etiqueta5=Ciencia ;etiqueta6=Cajón de sastre ";
     const auto filas = prueba::Tabla("casillas_habladas.txt", 8);
     EXPECT_EQ(21u, filas.size());
     for (const auto& c : filas) {
         SCOPED_TRACE(c[0]);
         JuegoPrueba jp;
         jp.f().ConstruirTablero();
-        jp.m().NumJugadores = std::stoi(c[2]);
-        jp.m().DimensionarTablas(jp.m().NumJugadores);
-        if (c[1] == "1") jp.m().EtiquetaTema = kEtiquetas;
-        const auto fichas = prueba::Campos(c[3], ',');
-        for (std::size_t i = 1; i <= 6; ++i) jp.f().PosicionFicha[i] = std::stoi(fichas[i - 1]);
-        const int rumboCentro = std::stoi(c[5]);
-        jp.f().RumboCentro = rumboCentro;
-        jp.f().LeerAnexas = c[6] == "1";
-        jp.f().CasillaPrevia = 5;
-        int posicion = std::stoi(c[4]);
-        int rumbo = -1;
+        prueba::Preparar(jp, "jugadores=" + c[2] + ";fichas=" + c[3] + ";rumbo=" + c[5] + ";anexas=" + c[6] +
+                                 ";previa=5" + (c[1] == "1" ? kEtiquetas : ""));
+        int posicion = std::stoi(c[4]), rumbo = -1;
         jp.f().DescribirCasilla(posicion, rumbo);
         EXPECT_EQ(prueba::Bytes(c[7]), jp.f().Texto1());
-        if (posicion == 0) {
-            EXPECT_EQ(rumboCentro, rumbo);
-            EXPECT_EQ(0, jp.f().CasillaPrevia) << "el centro gasta CasillaPrevia";
-            EXPECT_EQ(rumboCentro, jp.f().RumboCentro);
-        } else {
-            EXPECT_EQ(5, jp.f().CasillaPrevia);
-        }
+        // El centro dice el rumbo al que mira y gasta CasillaPrevia.
+        EXPECT_EQ(posicion == 0 ? c[5] + " " + c[5] + " 0" : "-1 " + c[5] + " 5",
+                  std::to_string(rumbo) + " " + std::to_string(jp.f().RumboCentro) + " " +
+                      std::to_string(jp.f().CasillaPrevia));
         // -1 es la casilla del cursor, y nada del texto anterior sobrevive.
         jp.f().CasillaCursor = posicion;
         jp.f().PonerTexto1("otra cosa");

@@ -9,6 +9,7 @@
 #include "apoyo/datos_prueba.h"
 #include "apoyo/plataforma_guion.h"
 #include "comun/estado.h"
+#include "questions/dialog1.h"
 #include "storage/canales.h"
 #include "storage/cp1252.h"
 
@@ -18,6 +19,20 @@ struct Entorno {
     PlataformaGuion p;
     Module1 m;
     Canales canales{p.Ficheros()};
+};
+
+// Un Dialog1 cuyo tema t lee preguntas/tema<t>.qzf por el canal t.
+struct ConDialog1 : Entorno {
+    Dialog1 d{m, p, canales};
+    ConDialog1() {
+        for (std::size_t t = 1; t <= kNumTemas; ++t) {
+            m.FicheroTema[t] = "tema" + std::to_string(t);
+            m.CanalTema[t] = static_cast<int>(t);
+        }
+    }
+    void Poner(int tema, const std::string& bytes) {
+        p.carpeta.Escribir("preguntas/tema" + std::to_string(tema) + ".qzf", bytes);
+    }
 };
 
 // Un Sabelot.ini de tests/datos/opciones.txt: registros separados por "|", en Windows-1252.
