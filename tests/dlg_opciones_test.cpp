@@ -69,12 +69,15 @@ struct Jugador : Entorno {
 #ifdef _WIN32
         if (a == "CopiarRaros") return;  // nombres que Windows no admite
 #endif
-        for (const auto& n : a.rfind("Copiar", 0) == 0 ? Lista(c[1], '|') : std::vector<std::string>{})
-            p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
-        if (a.rfind("Copiar", 0) == 0) return;
+        if (a.rfind("Copiar", 0) == 0) {
+            for (const auto& n : Lista(c[1], '|'))
+                p.carpeta.Escribir("preguntas/" + n + ".qzf", Qzf({"q>¿Sí?", "1>Sí", "a>1"}));
+            return;
+        }
         if (a == "SinEscribir") {
             averiados.fallaCrear = averiados.fallaRenombrar = true;
-            return void(p.ficheros = &averiados);
+            p.ficheros = &averiados;
+            return;
         }
         if (a == "Proteger")
             return std::filesystem::permissions(p.carpeta.Ruta() + "/Sabelot.ini",
@@ -82,7 +85,8 @@ struct Jugador : Entorno {
         if (a == "Elegir") {
             auto f = Campos(c[1], '|');
             f.resize(6);
-            return void(std::copy(f.begin(), f.end(), d->FicheroElegido.begin()));
+            std::copy(f.begin(), f.end(), d->FicheroElegido.begin());
+            return;
         }
         if (a == "Escribir") return p.carpeta.Escribir(c[1], "");
         if (a == "Ini") return p.carpeta.Escribir("Sabelot.ini", IniDeDatos(c[1]));
@@ -90,12 +94,16 @@ struct Jugador : Entorno {
         if (a == "Arrancar") {  // otra ejecución: las opciones de Sabelot.ini y el diálogo sin cargar
             m = Module1{};
             LeerOpciones(m, p, canales);
-            return void(d = std::make_unique<DlgOpciones>(m, p, canales));
+            d = std::make_unique<DlgOpciones>(m, p, canales);
+            return;
         }
         if (a == "Mostrar") return d->Mostrar();
         if (a == "Descargar") return d->Descargar();
         if (a == "Pulsar") return d->Pulsar(Control(c[1]));
-        if (a == "FilaDeEtiquetas") return void(d->List2[2].ListIndex = std::stoi(c[1]));
+        if (a == "FilaDeEtiquetas") {
+            d->List2[2].ListIndex = std::stoi(c[1]);
+            return;
+        }
         if (a == "Tab") return d->CambiarFoco(Control(c[1]));
         // Los demás empiezan en una categoría: el foco en su lista y abajo hasta ella; luego, Tab a los
         // ficheros y abajo hasta uno (o pasar por ellos sin moverse), y Tab a las etiquetas.

@@ -23,8 +23,8 @@ TEST_P(ReglasTest, Partida) {
     std::deque<int> elecciones;  // valor de cada Dialog (casilla o categoría), no el botón
     for (const std::string& par : Lista(c.preparacion, ';')) {
         if (par.rfind("veredictos=", 0) == 0) veredictos.assign(par.begin() + 11, par.end());
-        for (int e : par.rfind("elecciones=", 0) ? std::vector<int>{} : prueba::Numeros(par.substr(11)))
-            elecciones.push_back(e);
+        if (par.rfind("elecciones=", 0) == 0)
+            for (int e : prueba::Numeros(par.substr(11))) elecciones.push_back(e);
     }
     std::map<std::string, std::string> o{
         {"preguntados", ""}, {"enPregunta", ""}, {"titulos", ""}, {"listas", ""}};

@@ -59,24 +59,36 @@ inline void Preparar(JuegoPrueba& j, const std::string& preparacion) {
         for (std::size_t i = 0; clave == "fichas" && i < n.size(); ++i) f.PosicionFicha[i + 1] = n[i];
         if (clave == "quesitos") m.QuesitosParaGanar = n[0];
         // datos: la partida recién arrancada con esos datos, sin lo que dijo.
-        if (clave == "datos") PonerDatosMinimos(j.p.carpeta, n[0], n[1]), j.Arrancar();
+        if (clave == "datos") {
+            PonerDatosMinimos(j.p.carpeta, n[0], n[1]);
+            j.Arrancar();
+        }
         if (clave == "anexas") f.LeerAnexas = n[0];
         if (clave == "hora") std::tie(j.p.hora, j.p.minuto, j.p.segundo) = std::tie(n[0], n[1], n[2]);
-        for (int cara : clave == "dado" ? n : std::vector<int>{}) j.p.azar.push_back(AzarDado(cara));
-        for (const std::string& x : clave == "azar" ? Lista(valor, ',') : std::vector<std::string>{})
-            j.p.azar.push_back(std::stod(x));
+        if (clave == "dado")
+            for (int cara : n) j.p.azar.push_back(AzarDado(cara));
+        if (clave == "azar")
+            for (const std::string& x : Lista(valor, ',')) j.p.azar.push_back(std::stod(x));
         if (clave == "respuestas") j.p.respuestas.assign(n.begin(), n.end());
         if (clave == "botones") j.p.botones.assign(n.begin(), n.end());
-        if (clave == "mazo") m.CuentaMazo[n[0]] = n[1], m.MazoUsado[n[0]] = "x";
+        if (clave == "mazo") {
+            m.CuentaMazo[n[0]] = n[1];
+            m.MazoUsado[n[0]] = "x";
+        }
         if (clave.rfind("etiqueta", 0) == 0) m.EtiquetaTema[clave[8] - '0'] = valor;
         // quesitosJ: las categorías que ya tiene el jugador J.
-        for (int t : clave.size() == 9 && clave.rfind("quesitos", 0) == 0 ? n : std::vector<int>{}) {
-            m.QuesitoGanado(t, clave[8] - '0') = true;
-            ++m.NumQuesitos(clave[8] - '0');
+        if (clave.size() == 9 && clave.rfind("quesitos", 0) == 0) {
+            for (int t : n) {
+                m.QuesitoGanado(t, clave[8] - '0') = true;
+                ++m.NumQuesitos(clave[8] - '0');
+            }
         }
         if (clave.find('/') != std::string::npos) j.p.carpeta.Escribir(clave, valor);  // un fichero
         // cuenta: tema,jugador,aciertos,preguntas.
-        if (clave == "cuenta") m.Aciertos(n[0], n[1]) = n[2], m.Preguntas(n[0], n[1]) = n[3];
+        if (clave == "cuenta") {
+            m.Aciertos(n[0], n[1]) = n[2];
+            m.Preguntas(n[0], n[1]) = n[3];
+        }
     }
     j.p.dichos.clear();
 }
@@ -108,8 +120,10 @@ inline std::map<std::string, std::string> Observar(JuegoPrueba& j) {
             s += std::string(" ") + (m.QuesitoGanado(t, jug) ? "Q" : "") + n(m.Aciertos(t, jug)) + "/" +
                  n(m.Preguntas(t, jug));
     }
-    for (const auto& msg : j.p.mensajes)
-        o["mensaje" + n(&msg - &j.p.mensajes[0] + 1)] = msg.texto + "|" + n(msg.estilo) + "|" + msg.titulo;
+    for (std::size_t i = 0; i < j.p.mensajes.size(); ++i) {
+        const auto& msg = j.p.mensajes[i];
+        o["mensaje" + n(i + 1)] = msg.texto + "|" + n(msg.estilo) + "|" + msg.titulo;
+    }
     for (const auto& e : j.p.entradas) {
         o["entradas"] += (o["entradas"].empty() ? "" : "|") + e.titulo;
         o["iniciales"] += (&e == &j.p.entradas[0] ? "" : "|") + e.inicial;
@@ -143,8 +157,8 @@ inline void Pulsar(JuegoPrueba& j, std::string tecla) {
     static const std::map<std::string, int> kNombres{
         {"Arriba", vbKeyUp}, {"Abajo", vbKeyDown}, {"Izquierda", vbKeyLeft}, {"Derecha", vbKeyRight},
         {"F1", vbKeyF1},     {"F2", vbKeyF2},      {"F3", vbKeyF3},          {"F4", vbKeyF4}};
-    if (tecla == "Arrancar" || tecla == "Nueva")
-        return tecla == "Nueva" ? j.f().NuevaPartida() : j.Arrancar(false);
+    if (tecla == "Nueva") return j.f().NuevaPartida();
+    if (tecla == "Arrancar") return j.Arrancar(false);
     if (tecla == "Suena" || tecla == "Fin") return j.f().MediaPlayer1_PlayStateChange(tecla == "Suena");
     const bool sinEsperar = tecla[0] == '~';
     if (sinEsperar) tecla.erase(0, 1);
@@ -156,7 +170,10 @@ inline void Pulsar(JuegoPrueba& j, std::string tecla) {
     const int shift = (mods.find('S') != std::string::npos ? vbShiftMask : 0) |
                       (mods.find('C') != std::string::npos ? vbCtrlMask : 0) |
                       (mods.find('A') != std::string::npos ? vbAltMask : 0);
-    sinEsperar ? j.f().Form_KeyDown(codigo, shift) : j.Tecla(codigo, shift);
+    if (sinEsperar)
+        j.f().Form_KeyDown(codigo, shift);
+    else
+        j.Tecla(codigo, shift);
 }
 
 // Lo que había al salir el aviso N queda en «o» con «AlAvisoN» tras la clave.

@@ -135,7 +135,12 @@ public:
         for (int vueltas = 0; d.Visible; ++vueltas) {
             if (vueltas > 50) throw Hallazgo{"DlgOpciones no se cierra"};
             const int r = Entero(0, 9);
-            r < 6 ? d.Pulsar(C::OKButton) : r < 9 ? d.Pulsar(C::CancelButton) : d.Descargar();
+            if (r < 6)
+                d.Pulsar(C::OKButton);
+            else if (r < 9)
+                d.Pulsar(C::CancelButton);
+            else
+                d.Descargar();
             // Aceptar sin ficheros para todo deja el diálogo abierto: se cancela.
             if (d.Visible && vueltas > 3) d.Pulsar(C::CancelButton);
         }
@@ -245,7 +250,10 @@ private:
         const std::string antes = Foto(*j_);
         p_->nombres = {nombre, ""};
         f().PonerTexto1("");
-        Moneda(0.5) ? Tecla(vbKeyF3, Moneda(0.8) ? 0 : Entero(1, 7)) : Tecla(vbKeyG, vbCtrlMask | Mods());
+        if (Moneda(0.5))
+            Tecla(vbKeyF3, Moneda(0.8) ? 0 : Entero(1, 7));
+        else
+            Tecla(vbKeyG, vbCtrlMask | Mods());
         if (Foto(*j_) != antes) throw Hallazgo{"guardar cambió la partida"};
         if (f().Texto1() != "PARTIDA GUARDADA") {
             if (!p_->nombres.empty()) throw Hallazgo{"guardar no preguntó el nombre"};
@@ -276,7 +284,10 @@ private:
         p_->nombres = {"rota", ""};
         p_->mensajes.clear();
         f().PonerTexto1("");
-        Moneda(0.5) ? Tecla(vbKeyF4, 0) : Tecla(vbKeyA, vbCtrlMask | Mods());
+        if (Moneda(0.5))
+            Tecla(vbKeyF4, 0);
+        else
+            Tecla(vbKeyA, vbCtrlMask | Mods());
         const bool cargada = !p_->nombres.empty();
         p_->nombres.clear();
         const bool rechazada =
