@@ -40,7 +40,7 @@ void PartidaEnJuego(JuegoPrueba& jp, const std::string& mas = "") {
 }
 
 // Todo el estado que una carga o un guardado podría tocar, sin lo que se dice.
-std::string Foto(JuegoPrueba& jp) {
+std::string EstadoEntero(JuegoPrueba& jp) {
     std::string s;
     for (const auto& [clave, valor] : prueba::Observar(jp))
         if (clave != "texto" && clave.rfind("mensaje", 0) != 0 && clave != "entradas" && clave != "oido" &&
@@ -79,10 +79,10 @@ TEST(Partidas, IdaYVueltaConUnoTresYSeisJugadores) {
     for (const std::string& mas : prueba::LineasDeDatos("ida_y_vuelta.txt")) {
         JuegoPrueba jp, otro;
         PartidaEnJuego(jp, mas);
-        const std::string antes = Foto(jp);
+        const std::string antes = EstadoEntero(jp);
         jp.p.textos = {"  Partida de prueba  "};
         jp.f().GuardarPartida();
-        EXPECT_EQ(antes, Foto(jp)) << "guardar no cambia la partida";
+        EXPECT_EQ(antes, EstadoEntero(jp)) << "guardar no cambia la partida";
         const std::string bytes = jp.p.carpeta.Leer("Partida de prueba.sav");
         EXPECT_EQ(7 + 7 * jp.m().NumJugadores, std::count(bytes.begin(), bytes.end(), '\n'));
 
@@ -107,7 +107,7 @@ TEST(Partidas, NombresDePartida) {
         const std::string nombre = prueba::Bytes(campos[0], false);
         JuegoPrueba jp;
         PartidaEnJuego(jp);
-        const std::string antes = Foto(jp);
+        const std::string antes = EstadoEntero(jp);
         jp.p.textos = {nombre, ""};
         jp.f().GuardarPartida();
         std::map<std::string, std::string> o{{"guardado", jp.f().Texto1()},
@@ -117,7 +117,7 @@ TEST(Partidas, NombresDePartida) {
         o.merge(prueba::Observar(jp));
         SCOPED_TRACE(fila);
         prueba::Comprobar(o, {campos.begin() + 1, campos.end()});
-        EXPECT_EQ(antes, Foto(jp));
+        EXPECT_EQ(antes, EstadoEntero(jp));
     }
 }
 
@@ -155,12 +155,12 @@ TEST(Partidas, UnaPartidaRotaNoTocaLaQueSeJuega) {
         JuegoPrueba jp;
         PartidaEnJuego(jp);
         jp.p.carpeta.Escribir("rota.sav", bytes);
-        const std::string antes = Foto(jp);
+        const std::string antes = EstadoEntero(jp);
         jp.p.textos = {"rota", ""};
         jp.f().CargarPartida();
         prueba::Comprobar(prueba::Observar(jp), {"mensajes=1", "mensaje1=" + kErrorCarga + "|0|Sabelot",
                                                  "iniciales=|rota", "texto=Cancelado"});
-        EXPECT_EQ(antes, Foto(jp));
+        EXPECT_EQ(antes, EstadoEntero(jp));
         EXPECT_EQ(bytes, jp.p.carpeta.Leer("rota.sav"));
         EXPECT_EQ(jp.juego->canales.Libre(), 1) << "canal abierto";
     }
@@ -190,7 +190,7 @@ TEST(Partidas, SiNoSePuedeEscribirSeAvisaYSePuedeGuardarConOtroNombre) {
             std::filesystem::permissions(ruta, std::filesystem::perms::owner_read);
         else
             averiados.fallaCrear = true;
-        const std::string antes = Foto(jp);
+        const std::string antes = EstadoEntero(jp);
         jp.p.alMensaje = [&](const prueba::PlataformaGuion::Mensaje&) { averiados.fallaCrear = false; };
         jp.p.textos = {"guardada", "otra"};
         jp.f().GuardarPartida();
@@ -198,7 +198,7 @@ TEST(Partidas, SiNoSePuedeEscribirSeAvisaYSePuedeGuardarConOtroNombre) {
         EXPECT_EQ("PARTIDA GUARDADA", jp.f().Texto1());
         EXPECT_EQ(kEjemplo, jp.p.carpeta.Leer("guardada.sav"));
         EXPECT_EQ(0u, jp.p.carpeta.Leer("otra.sav").find("3,5,3\r\n"));
-        EXPECT_EQ(antes, Foto(jp));
+        EXPECT_EQ(antes, EstadoEntero(jp));
         std::filesystem::permissions(ruta, std::filesystem::perms::owner_all);
     }
 }
